@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Builds reelmoor and starts it. The game reads its pictures and sounds from
+# its working directory and keeps the table of winners (name.dat) there, so it
+# runs in a per-player folder that lasts between runs and links the assets.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+"$root/scripts/deps.sh"
+"$root/scripts/build.sh" --target reelmoor >/dev/null
+
+if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+  echo "reelmoor needs a graphical desktop: no display is set (DISPLAY or WAYLAND_DISPLAY)." >&2
+  exit 1
+fi
+
+home=${XDG_DATA_HOME:-$HOME/.local/share}/reelmoor
+mkdir -p "$home"
+for f in "$root"/assets/*; do
+  ln -sfn "$f" "$home/$(basename "$f")"
+done
+cd "$home"
+exec "${REELMOOR_BUILD_DIR:-$root/build}/game/reelmoor"
