@@ -1,0 +1,70 @@
+#include "game/reel_surface.h"
+
+#include "presentation/segment_pool.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <cmath>
+
+ReelSurface::ReelSurface(const SegmentPool& segments, QWidget* parent)
+    : QWidget(parent), segments_(segments)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void ReelSurface::placeCell(int i, const QRectF& rect)
+{
+    cellRect_[i] = rect;
+    update(rect.toAlignedRect());
+}
+
+void ReelSurface::setCellPicture(int i, const QImage* picture)
+{
+    if (cellPicture_[i] == picture)
+        return;
+    cellPicture_[i] = picture;
+    update(cellRect_[i].toAlignedRect());
+}
+
+void ReelSurface::paintReelBackground(double bandBottom, double stripBottom)
+{
+    bandBottom_ = bandBottom;
+    stripBottom_ = stripBottom;
+    update();
+}
+
+void ReelSurface::segmentsChanged() { update(0, 0, width(), static_cast<int>(bandBottom_) + 60); }
+
+void ReelSurface::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.fillRect(event->rect(), palette().color(QPalette::Window));
+    if (bandBottom_ > 0) {
+        painter.fillRect(QRectF(0, 0, width(), bandBottom_), Qt::black);
+        for (int k = 1; k <= 5; ++k) {
+            const QRectF& c = cellRect_[k];
+            painter.fillRect(QRectF(QPointF(c.left() - 5, c.top() - 5), QPointF(c.right() + 5, stripBottom_)),
+                             Qt::white);
+        }
+    }
+    // A cell's picture has exactly the cell's size; its corner is snapped to
+    // the nearest device pixel so the picture is copied, never resampled.
+    const double dpr = devicePixelRatioF();
+    for (int i = 1; i <= 15; ++i) {
+        const QImage* picture = cellPicture_[i];
+        if (!picture || !cellRect_[i].intersects(event->rect()))
+            continue;
+        const QRectF& c = cellRect_[i];
+        const QPointF corner(std::round(c.left() * dpr) / dpr, std::round(c.top() * dpr) / dpr);
+        const QSizeF natural = picture->deviceIndependentSize();
+        if (std::abs(natural.width() - c.width()) < 0.01 && std::abs(natural.height() - c.height()) < 0.01) {
+            painter.drawImage(corner, *picture);
+        } else {
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            painter.drawImage(QRectF(corner, c.size()), *picture);
+            painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+        }
+    }
+    segments_.paint(painter);
+}

@@ -1,0 +1,38 @@
+#pragma once
+// The main window's drawing surface: the light grey face, the black band with
+// the five white reel strips, the fifteen cell pictures on them and, in front,
+// the pay-line segments. Cells sit at fractional positions, so the surface
+// paints them itself instead of placing a widget per cell.
+#include <QImage>
+#include <QRectF>
+#include <QWidget>
+
+#include <array>
+
+class SegmentPool;
+
+class ReelSurface : public QWidget {
+public:
+    ReelSurface(const SegmentPool& segments, QWidget* parent);
+
+    // Cell i (1..15): where it stands and the picture it shows, stretched to it.
+    void placeCell(int i, const QRectF& rect);
+    QRectF cellRect(int i) const { return cellRect_[i]; }
+    void setCellPicture(int i, const QImage* picture);
+    const QImage* cellPicture(int i) const { return cellPicture_[i]; }
+
+    // The black band and the white strips behind the cells.
+    void paintReelBackground(double bandBottom, double stripBottom);
+
+    void segmentsChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const SegmentPool& segments_;
+    std::array<QRectF, 16> cellRect_{};
+    std::array<const QImage*, 16> cellPicture_{};
+    double bandBottom_ = 0;
+    double stripBottom_ = 0;
+};

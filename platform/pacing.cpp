@@ -1,0 +1,7 @@
+#include "platform/pacing.h"
+
+Pacing& pacing()
+{
+    static Pacing p;
+    return p;
+}
