@@ -1,0 +1,61 @@
+#pragma once
+// The pay table: page 1 shows every symbol in play with what two to five of
+// it in a row pay, page 2 what three to five of one figure in any colours
+// pay, at the credits per line now bet. Opened modally from the menu.
+#include <QColor>
+#include <QDialog>
+#include <QImage>
+#include <QPointF>
+#include <QString>
+
+#include <vector>
+
+class QPushButton;
+
+class payout : public QDialog {
+    Q_OBJECT
+public:
+    explicit payout(QWidget* parent = nullptr);
+
+    // One print statement as it stands on the window: where its text starts
+    // (top left, pixels), the text, the font's pixel size and the colour.
+    struct Printed {
+        QPointF at;
+        QString text;
+        int pixelSize;
+        QColor colour;
+    };
+    const std::vector<Printed>& printed() const { return printed_; }
+
+    QPushButton* pageButton() const { return Command1; }
+    // The picture boxes, index = symbol number.
+    const std::vector<QWidget*>& images() const { return Imagear; }
+    // The off-screen drawing the window shows, brought up to date.
+    const QImage& canvas();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void Form_Load();
+    void Form_Activate();
+    void Command1_Click();
+
+    // Printing on the window: the text position moves along as items are
+    // printed and to the start of the next line when a print ends.
+    void print(const QString& text, bool stayOnLine = false);
+    void cls();
+    void setFontPoints(qreal points);
+
+    QPushButton* Command1 = nullptr;
+    std::vector<QWidget*> Imagear;
+    bool activated_ = false;
+
+    QPointF position_;
+    int pixelSize_ = 9;
+    QColor colour_ = Qt::black;
+    std::vector<Printed> printed_;
+    QImage canvas_;
+    bool canvasStale_ = true;
+};
