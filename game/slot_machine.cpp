@@ -47,6 +47,12 @@ slot_machine::~slot_machine() { stopEverything(); }
 
 void slot_machine::setImage1(int i, const QImage& p) { surface->setCellPicture(i, &p); }
 
+void slot_machine::beep()
+{
+    ++beeps_;
+    systemBeep();
+}
+
 // "NEW GAME": only the bank box goes back to 2500; the next settlement reads it.
 void slot_machine::newor_Click() { Text3->setText(QString::number(kStartingBank)); }
 

@@ -108,6 +108,10 @@ public:
     // Gives cell i the picture p.
     void setImage1(int i, const QImage& p);
 
+    // Sounds the alert; counts them for whoever checks a spin.
+    void beep();
+    int beepsSounded() const { return beeps_; }
+
     // The highest credits-per-line scale "credits times 10" reaches: one more
     // and the largest win of a spin would no longer fit the currency.
     static constexpr int kMaxCreditScale = 8;
@@ -149,4 +153,5 @@ private:
     } strobeRun_;
     bool closingScreenShown_ = false;
     double dpr_ = 1.0;
+    int beeps_ = 0;
 };

@@ -71,7 +71,7 @@ void slot_machine::Timera_Timer(int index)
     if (index < 1 || index > 15)
         return;
     stopped[index] = true;
-    systemBeep();
+    beep();
     Timera[index]->stop();
 }
 

@@ -44,7 +44,7 @@ void slot_machine::strobeStep()
         strobeRun_.blank = true;
     } else {
         invertArrows();
-        systemBeep();
+        beep();
         for (int i = 1; i <= 15; ++i)
             if (winning[i])
                 setImage1(i, Image2[static_cast<size_t>(cell[i])]);
