@@ -1,0 +1,110 @@
+#include "platform/emf/emf_picture.h"
+
+#include "platform/emf/emf_draw_op.h"
+#include "platform/emf/emf_playback.h"
+#include "platform/emf/emf_record_check.h"
+
+#include <QFile>
+#include <QPainter>
+
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+// Larger files are not pictures of ours; refusing them bounds memory use.
+constexpr qint64 kMaxFileBytes = 32 * 1024 * 1024;
+// Zeroed bytes after the data, so that a check peeking a field past the last
+// record reads zeros instead of foreign memory.
+constexpr std::size_t kSlackBytes = 256;
+
+}  // namespace
+
+struct EmfPicture::Data : emf::PictureData {
+    explicit Data(emf::PictureData d) : emf::PictureData(std::move(d)) {}
+};
+
+EmfPicture::EmfPicture(std::shared_ptr<const Data> d) : d_(std::move(d)) {}
+EmfPicture::EmfPicture(const EmfPicture&) = default;
+EmfPicture& EmfPicture::operator=(const EmfPicture&) = default;
+EmfPicture::EmfPicture(EmfPicture&&) noexcept = default;
+EmfPicture& EmfPicture::operator=(EmfPicture&&) noexcept = default;
+EmfPicture::~EmfPicture() = default;
+
+std::optional<EmfPicture> EmfPicture::load(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxFileBytes)
+        return std::nullopt;
+    const QByteArray bytes = file.read(kMaxFileBytes + 1);
+    if (bytes.size() > kMaxFileBytes)
+        return std::nullopt;
+    return fromBytes(bytes);
+}
+
+std::optional<EmfPicture> EmfPicture::fromBytes(const QByteArray& bytes)
+{
+    if (bytes.size() > kMaxFileBytes)
+        return std::nullopt;
+    // Word-aligned, zero-padded copy: records are read where they lie.
+    const std::size_t size = std::size_t(bytes.size());
+    std::vector<std::uint32_t> words((size + kSlackBytes) / 4 + 1, 0);
+    char* data = reinterpret_cast<char*>(words.data());
+    if (size != 0)
+        std::memcpy(data, bytes.constData(), size);
+
+    const auto checked = emf::checkMetafile(data, size);
+    if (!checked)
+        return std::nullopt;
+    return EmfPicture(std::make_shared<const Data>(emf::playRecords(data, *checked)));
+}
+
+QSize EmfPicture::naturalSize() const
+{
+    return d_->naturalSize;
+}
+
+void EmfPicture::paint(QPainter& painter, const QRectF& target) const
+{
+    const QRectF& frame = d_->frame;
+    if (frame.width() <= 0 || frame.height() <= 0 || target.isEmpty())
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    QTransform placement;
+    placement.translate(target.x(), target.y());
+    placement.scale(target.width() / frame.width(), target.height() / frame.height());
+    placement.translate(-frame.x(), -frame.y());
+    painter.setTransform(placement, true);
+
+    // How many pixels of the painter's device one reference pixel covers,
+    // so that no pen comes out thinner than one device pixel.
+    const QTransform toDevice = painter.deviceTransform();
+    const double devicePerUnit =
+        std::sqrt(std::abs(toDevice.m11() * toDevice.m22() - toDevice.m12() * toDevice.m21()));
+    const double thinnest = devicePerUnit > 0 ? 1 / devicePerUnit : 1;
+
+    for (const emf::DrawOp& op : d_->ops) {
+        if (op.clipped) {
+            painter.save();
+            painter.setClipPath(op.clip, Qt::IntersectClip);
+        }
+        painter.setBrush(op.filled ? op.brush : QBrush(Qt::NoBrush));
+        if (op.stroked) {
+            QPen pen(op.stroke.color);
+            pen.setWidthF(std::max(op.stroke.width, thinnest));
+            pen.setStyle(op.stroke.style);
+            pen.setCapStyle(op.stroke.cap);
+            pen.setJoinStyle(op.stroke.join);
+            pen.setMiterLimit(op.stroke.miterLimit);
+            painter.setPen(pen);
+        } else {
+            painter.setPen(Qt::NoPen);
+        }
+        painter.drawPath(op.path);
+        if (op.clipped)
+            painter.restore();
+    }
+    painter.restore();
+}

@@ -1,0 +1,64 @@
+#pragma once
+// What a metafile's drawing state holds between records: the selected pen
+// and brush, the fill mode, the mapping from logical units to the reference
+// device's pixels, the current position and the clip.
+#include <QColor>
+#include <QPainterPath>
+#include <QPointF>
+#include <QSizeF>
+#include <QTransform>
+
+#include <cstdint>
+
+namespace emf {
+
+struct PenObject {
+    bool visible = true;     // false for the null pen
+    QColor color = Qt::black;
+    bool cosmetic = true;    // one device pixel whatever the mapping
+    double width = 0;        // logical units, for geometric pens
+    Qt::PenStyle style = Qt::SolidLine;
+    Qt::PenCapStyle cap = Qt::RoundCap;
+    Qt::PenJoinStyle join = Qt::RoundJoin;
+};
+
+struct BrushObject {
+    bool visible = true;     // false for the null brush
+    QColor color = Qt::white;
+    Qt::BrushStyle style = Qt::SolidPattern;
+};
+
+struct DeviceContext {
+    PenObject pen;
+    BrushObject brush;
+    bool windingFill = false;  // the default fill mode is alternate (odd-even)
+    bool clockwiseArcs = false;
+    double miterLimit = 10;
+
+    std::uint32_t mapMode = 1;  // MM_TEXT
+    QPointF windowOrg{0, 0};
+    QSizeF windowExt{1, 1};
+    QPointF viewportOrg{0, 0};
+    QSizeF viewportExt{1, 1};
+    QTransform world;
+
+    QPointF position{0, 0};  // current position, reference-device pixels
+
+    bool clipped = false;
+    QPainterPath clip;       // reference-device pixels, used when clipped
+};
+
+// Reference-device pixels per millimetre, from the metafile header.
+struct ReferenceDevice {
+    double pixelsPerMmX = 96 / 25.4;
+    double pixelsPerMmY = 96 / 25.4;
+};
+
+// Logical units to reference-device pixels under the map mode, window and
+// viewport of dc (without the world transform).
+QTransform pageTransform(const DeviceContext& dc, const ReferenceDevice& device);
+
+// World transform then page transform.
+QTransform logicalToDevice(const DeviceContext& dc, const ReferenceDevice& device);
+
+}  // namespace emf

@@ -1,0 +1,40 @@
+#pragma once
+// The metafile's object table: pens and brushes created by records and
+// addressed by index, and the stock objects every device context has.
+#include "platform/emf/emf_device_context.h"
+
+#include <uemf.h>
+
+#include <cstdint>
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace emf {
+
+// Fonts, palettes and other objects we keep only so that selecting them is
+// harmless.
+struct OtherObject {};
+
+using GraphicsObject = std::variant<PenObject, BrushObject, OtherObject>;
+
+class ObjectTable {
+public:
+    explicit ObjectTable(std::uint32_t handles);
+
+    // Out-of-range indexes are ignored, as Windows refuses them.
+    void create(std::uint32_t index, GraphicsObject object);
+    void remove(std::uint32_t index);
+    // Selects the object (created or stock) into dc; unknown ones change nothing.
+    void select(std::uint32_t index, DeviceContext& dc) const;
+
+private:
+    std::vector<std::optional<GraphicsObject>> slots_;
+};
+
+// Records' pen and brush descriptions into our objects.
+PenObject penFromLogPen(const U_LOGPEN& pen);
+PenObject penFromExtLogPen(const U_EXTLOGPEN& pen);
+BrushObject brushFromLogBrush(const U_LOGBRUSH& brush);
+
+}  // namespace emf

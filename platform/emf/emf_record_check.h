@@ -1,0 +1,45 @@
+#pragma once
+// Checks the structure of a whole metafile before anything of it is drawn:
+// a valid header first, every record inside the data with a sane size and
+// counts that fit the record, an end-of-file record last.
+#include <uemf.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace emf {
+
+struct RecordRef {
+    std::uint32_t type = 0;
+    std::size_t offset = 0;  // from the start of the data
+    std::uint32_t size = 0;
+};
+
+struct HeaderInfo {
+    U_RECTL bounds{};
+    U_RECTL frame{};        // 0.01 mm
+    U_SIZEL device{};       // reference device, pixels
+    U_SIZEL millimeters{};  // reference device, millimetres
+    std::uint32_t handles = 1;
+};
+
+struct CheckedMetafile {
+    HeaderInfo header;
+    std::vector<RecordRef> records;  // header and end-of-file record included
+};
+
+// data must stay readable for at least `size` bytes plus a little slack
+// (the caller pads it), because libuemf's checks may peek a field past a
+// record's end before they reject it.
+std::optional<CheckedMetafile> checkMetafile(const char* data, std::size_t size);
+
+// Reads a little-endian field of a record at byte offset `at`; the caller has
+// checked that it lies inside the record.
+std::uint32_t readU32(const char* record, std::size_t at);
+std::int32_t readI32(const char* record, std::size_t at);
+std::int16_t readI16(const char* record, std::size_t at);
+float readF32(const char* record, std::size_t at);
+
+}  // namespace emf
