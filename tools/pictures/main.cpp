@@ -1,0 +1,48 @@
+// Writes the game's artwork into a folder (the repository's assets/):
+//   reelmoor-pictures <folder>
+// or draws what is there onto one sheet with the game's decoder:
+//   reelmoor-pictures --preview <folder> <sheet.png>
+#include "tools/pictures/artwork.h"
+#include "tools/pictures/preview.h"
+
+#include <QDir>
+#include <QGuiApplication>
+
+#include <cstdio>
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    const QStringList args = app.arguments();
+
+    if (args.size() == 4 && args[1] == "--preview")
+        return pictures::writePreview(args[2], args[3]) ? 0 : 1;
+    if (args.size() != 2) {
+        std::fprintf(stderr, "usage: reelmoor-pictures <folder> | --preview <folder> <sheet.png>\n");
+        return 2;
+    }
+    const QString folder = args[1];
+    if (!QDir().mkpath(folder)) {
+        std::fprintf(stderr, "cannot create %s\n", qPrintable(folder));
+        return 1;
+    }
+    struct Maker {
+        const char* what;
+        bool (*make)(const QString&);
+    };
+    const Maker makers[] = {
+        {"symbols", pictures::makeSymbols},         {"splash", pictures::makeSplash},
+        {"line buttons", pictures::makeLineButtons}, {"icons", pictures::makeIcons},
+        {"arrows", pictures::makeArrows},
+    };
+    int failures = 0;
+    for (const Maker& m : makers) {
+        if (!m.make(folder)) {
+            std::fprintf(stderr, "could not write the %s\n", m.what);
+            ++failures;
+        }
+    }
+    return failures == 0 ? 0 : 1;
+}
