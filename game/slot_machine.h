@@ -123,6 +123,8 @@ public:
 signals:
     // The settlement of a spin has ended and the controls are back.
     void settled();
+    // One pass of the reels has been drawn.
+    void passDone();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -97,6 +97,7 @@ void slot_machine::pass()
         symbol[i] = cell[i] / kFrames;
         setImage1(i, Image2[static_cast<size_t>(cell[i])]);
     }
+    emit passDone();
     if (allstopped) {
         passTimer_->stop();
         finishSpin();

@@ -15,6 +15,7 @@ fi
 home=${XDG_DATA_HOME:-$HOME/.local/share}/reelmoor
 mkdir -p "$home"
 for f in "$root"/assets/*; do
+  [ "$(basename "$f")" = README.md ] && continue
   ln -sfn "$f" "$home/$(basename "$f")"
 done
 cd "$home"
