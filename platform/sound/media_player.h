@@ -24,13 +24,14 @@ private:
     int playCount_ = 1;
     int position_ = 0;
     std::string fileName_;
-    int channel_ = -1;
-    struct Chunk;
-    Chunk* chunk_ = nullptr;
+    int channel_;  // the mixer channel this player owns
 };
 
 // A short alert sound, heard on any desktop with an audio device.
 void systemBeep();
 
-// The empty-name wave-sound call the spin makes once per pass: plays nothing.
+// The wave-sound call the spin makes once per pass with an empty name: an
+// empty or null name plays nothing and gives 0. A file name plays that file
+// once over the other sounds, without waiting for it (the flags are not
+// used), and gives 1 when it started.
 int sndPlaySoundA(const char* name, unsigned flags);
