@@ -1,0 +1,189 @@
+// The pay table's two pages: what is printed where, at the credits per line
+// in force, and which pictures stand where.
+#include "game/slot.h"
+#include "screens/payout.h"
+
+#include <QPushButton>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+constexpr qreal kQuarter = 799.0 / 4;
+
+QString printed(const char* text) { return QString::fromLatin1(text); }
+
+// The line height of the small print, taken from the first line break.
+qreal smallLine(const payout& p) { return p.printed()[4].at.y(); }
+
+// True when the drawing has dark pixels in the rectangle.
+bool inked(const QImage& image, const QRect& r)
+{
+    const qreal ratio = image.devicePixelRatio();
+    for (int y = int(r.top() * ratio); y < int((r.bottom() + 1) * ratio); ++y)
+        for (int x = int(r.left() * ratio); x < int((r.right() + 1) * ratio); ++x)
+            if (qGray(image.pixel(x, y)) < 128) return true;
+    return false;
+}
+
+}  // namespace
+
+class PayoutTest : public QObject {
+    Q_OBJECT
+    std::unique_ptr<payout> screen_;
+
+    payout& open(int maxsymbol, Currency perLine)
+    {
+        slot::maxsymbol = maxsymbol;
+        slot::creditsperline = perLine;
+        screen_ = std::make_unique<payout>();
+        screen_->show();
+        return *screen_;
+    }
+
+private slots:
+    void cleanup() { screen_.reset(); }
+
+    void theWindowAsDesigned()
+    {
+        payout& p = open(14, Currency::fromWhole(1));
+        QCOMPARE(p.windowTitle(), QString(61, QLatin1Char(' ')) + QStringLiteral("PAY OUT TABLES AND RULES"));
+        QCOMPARE(p.size(), QSize(799, 571));
+        QCOMPARE(p.pageButton()->text(), QStringLiteral("PAGE 2"));
+        QCOMPARE(p.pageButton()->geometry(), QRect(640, 528, 97, 33));
+        QCOMPARE(p.pageButton()->font().pixelSize(), 16);  // 12 points
+        QCOMPARE(p.printed()[0].pixelSize, 9);              // 6.75 points
+    }
+
+    void pageOne_data()
+    {
+        QTest::addColumn<int>("perLine");
+        QTest::addColumn<QStringList>("figures");  // the amounts of figures 0, 1, 2
+        QTest::newRow("1 credit") << 1
+            << QStringList{" 1.75  17.5  175  1750 ", " 3.5  35  350  3500 ", " 5.25  52.5  525  5250 "};
+        QTest::newRow("10 credits") << 10
+            << QStringList{" 17.5  175  1750  17500 ", " 35  350  3500  35000 ", " 52.5  525  5250  52500 "};
+    }
+    void pageOne()
+    {
+        QFETCH(int, perLine);
+        QFETCH(QStringList, figures);
+        payout& p = open(14, Currency::fromWhole(perLine));
+        const auto& items = p.printed();
+        QCOMPARE(int(items.size()), 4 + 1 + 15);
+
+        for (int q = 0; q < 4; ++q) {
+            QCOMPARE(items[q].text, printed(" 2   3     4     5"));
+            QCOMPARE(items[q].at, QPointF(q * kQuarter + 50, 0));
+        }
+        QCOMPARE(items[4].text, QString(153, QLatin1Char('-')));
+        QCOMPARE(items[4].at.x(), 0.0);
+        QVERIFY(smallLine(p) > 8 && smallLine(p) < 14);
+
+        for (int i = 0; i <= 14; ++i) {
+            const int col = i % 4, row = i / 4;
+            QCOMPARE(items[5 + i].text, figures[i / 5]);
+            QCOMPARE(items[5 + i].at, QPointF(col * kQuarter + 50, row * 38 + 32));
+            QWidget* image = p.images()[std::size_t(i)];
+            QVERIFY(image->isVisible());
+            QCOMPARE(image->geometry(), QRect(qRound(col * kQuarter), row * 38 + 22, 38, 38));
+        }
+        QCOMPARE(int(p.images().size()), 15);
+        QVERIFY(p.images()[14]->y() == 3 * 38 + 22);  // rows of 4, 4, 4 and 3
+
+        // The drawing shows the headings and the amounts.
+        QVERIFY(inked(p.canvas(), QRect(50, 0, 90, 8)));
+        QVERIFY(inked(p.canvas(), QRect(qRound(2 * kQuarter) + 50, 2 * 38 + 32, 90, 8)));
+        QVERIFY(!inked(p.canvas(), QRect(60, 500, 500, 60)));
+    }
+
+    void pageTwo()
+    {
+        payout& p = open(14, Currency::fromWhole(10));
+        const qreal line = smallLine(p);
+        QTest::mouseClick(p.pageButton(), Qt::LeftButton);
+        QVERIFY(!p.pageButton()->isVisible());
+
+        const auto& items = p.printed();
+        QCOMPARE(int(items.size()), 2 + 3 + 4);
+        QCOMPARE(items[0].text, printed(" 3 any color combination 4 any color combination 5 any color combination"));
+        QCOMPARE(items[0].at, QPointF(50, 0));
+        QCOMPARE(items[1].text, QString(72, QLatin1Char('-')));
+        QCOMPARE(items[1].at, QPointF(0, line));
+
+        const QString gap(20, QLatin1Char(' '));
+        const QStringList amounts{" 30 " + gap + " 300 " + gap + " 3000 ",
+                                  " 60 " + gap + " 600 " + gap + " 6000 ",
+                                  " 90 " + gap + " 900 " + gap + " 9000 "};
+        for (int f = 0; f < 3; ++f) {
+            QCOMPARE(items[2 + f].text, amounts[f]);
+            QCOMPARE(items[2 + f].at, QPointF(50, f * 38 + 42));
+            QCOMPARE(items[2 + f].pixelSize, 9);
+        }
+
+        const QStringList words{" Paid for three (3) or more of the same color in a row!",
+                                " Too many combinations to show them all, it depends on",
+                                " combination of geometric figures, combo's of figures",
+                                " near the bottom of above list pays the most!!!!"};
+        for (int k = 0; k < 4; ++k) {
+            const auto& item = items[5 + k];
+            QCOMPARE(item.text, words[k]);
+            QCOMPARE(item.pixelSize, 21);  // 16 points
+            QCOMPARE(item.colour, QColor(50, 50, 50));
+            QCOMPARE(item.at.x(), 0.0);
+        }
+        QCOMPARE(items[5].at.y(), 2 * 38 + 42 + line);  // right below the last amounts
+        QVERIFY(items[6].at.y() - items[5].at.y() > 20);
+
+        // One picture per figure at the left edge; the rest out of sight.
+        for (int i = 0; i <= 14; ++i) {
+            QWidget* image = p.images()[std::size_t(i)];
+            if (i % 5 == 0) {
+                QVERIFY(image->isVisible());
+                QCOMPARE(image->geometry(), QRect(0, i / 5 * 38 + 22, 38, 38));
+            } else {
+                QVERIFY(!image->isVisible());
+                QCOMPARE(image->y(), 571);
+            }
+        }
+
+        // Page one's amounts are gone from the drawing.
+        QVERIFY(!inked(p.canvas(), QRect(qRound(2 * kQuarter) + 50, 2 * 38 + 32, 90, 8)));
+        QVERIFY(inked(p.canvas(), QRect(0, qRound(items[5].at.y()), 200, 20)));
+    }
+
+    void noSymbols()
+    {
+        payout& p = open(-1, Currency::fromWhole(1));
+        QCOMPARE(int(p.printed().size()), 5);  // the headings and the hyphens
+        for (QWidget* image : p.images()) QCOMPARE(image->geometry(), QRect(0, 0, 38, 38));
+
+        const qreal line = smallLine(p);
+        QTest::mouseClick(p.pageButton(), Qt::LeftButton);
+        const auto& items = p.printed();
+        QCOMPARE(int(items.size()), 2 + 4);
+        QCOMPARE(items[2].pixelSize, 21);
+        QCOMPARE(items[2].at, QPointF(0, 2 * line));
+    }
+
+    void fractionsOfACreditPerLine()
+    {
+        // A bet shifted down to 0.1 a line keeps the schedule's exact amounts.
+        payout& p = open(0, Currency::fromRaw(1000));
+        QCOMPARE(p.printed()[5].text, printed(" 0.175  1.75  17.5  175 "));
+    }
+
+    void theDrawingFollowsThePixelDensity()
+    {
+        payout& p = open(4, Currency::fromWhole(1));
+        QCOMPARE(p.canvas().devicePixelRatio(), p.devicePixelRatioF());
+        QCOMPARE(p.canvas().size(), (QSizeF(799, 571) * p.devicePixelRatioF()).toSize());
+        // What the window shows is that drawing.
+        const QImage shown = p.grab().toImage();
+        QVERIFY(inked(shown, QRect(50, 0, 90, 8)));
+    }
+};
+
+QTEST_MAIN(PayoutTest)
+#include "payout_test.moc"
