@@ -6,14 +6,19 @@
 //
 // Overflow policy: arithmetic saturates at the ends of the range
 // (Currency::max() / Currency::min()) instead of wrapping; saturated() tells
-// whether a value sits on one of those ends.
+// whether a value sits on one of those ends. Saturation is a clamp, not a
+// sticky state: max() - 1 is an ordinary value again. fromDouble clamps
+// doubles beyond the range (and infinities) the same way.
 #include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 class Currency {
 public:
     static constexpr std::int64_t kScale = 10000;
+    // The largest whole amount in range (about 9.2 x 10^14).
+    static constexpr std::int64_t kMaxWhole = INT64_MAX / kScale;
 
     constexpr Currency() = default;
     static constexpr Currency fromRaw(std::int64_t raw) { Currency c; c.raw_ = raw; return c; }
@@ -39,6 +44,10 @@ public:
     // "2500", "37", "-180", "20.8333", "0.6667": plain decimal, no separators,
     // no trailing zeros.
     std::string text() const;
+    // The same text written to out (at least kTextCapacity chars, not
+    // terminated); returns the number of chars written.
+    static constexpr std::size_t kTextCapacity = 24;
+    std::size_t writeText(char* out) const;
     // The printed form of a number: a blank before a non-negative value (its
     // sign position) and a blank after it: " 2500 ", "-180 ".
     std::string printed() const;

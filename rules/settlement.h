@@ -17,7 +17,8 @@ struct Settlement {
     std::vector<int> displaylineCalls;   // pay lines to show, in call order
     bool winright = false;
     bool winleft = false;
-    std::array<bool, 16> winning{};      // cells of paying runs (entry 0 unused)
+    std::array<bool, 16> runCells{};     // cells of paying runs: the first flash (entry 0 unused)
+    std::array<bool, 16> winning{};      // runCells, or every cell on a jackpot
     bool paid = false;                   // totalpaid > 0: credited and strobed
     bool jackpot = false;                // totalpaid >= 8000 x creditsperline: second strobe
     bool refilled = false;               // bank was <= 0 and became 2500
@@ -26,9 +27,27 @@ struct Settlement {
 };
 
 // Reads the bank from the text of the total-credits box: a whole number,
-// halves to even. See the implementation for what a text that is no number
-// reads as.
+// halves to even. The game only ever writes Currency::text() there; any
+// other text reads as follows:
+//  - blanks (spaces, tabs, line breaks) before and after are ignored;
+//  - an optional sign, digits, and optionally a point with more digits
+//    ("12.5", "+7", "-3", ".5", "4.") is a number, rounded to whole credits
+//    with halves to even, however many digits follow the point;
+//  - a number beyond the currency's range reads as the largest whole amount
+//    of its sign (+/- Currency::kMaxWhole);
+//  - anything else (empty, letters, separators, exponents, a lone sign or
+//    point) reads as 0, so that the settlement refills the bank to 2500
+//    unless the spin itself wins more than its bet.
 Currency readBank(std::string_view text);
+
+// What one line reading adds to the credits paid: its value times the
+// credits per line, rounded to whole credits (halves to even), plus the
+// line's stake when that product is above zero before rounding.
+struct LinePayout {
+    Currency credits;
+    bool paying = false;
+};
+LinePayout linePayout(Currency value, Currency creditsperline);
 
 // symbol: the symbol in each cell 1..15 (entry 0 unused).
 Settlement settle(std::string_view bankText, int lines, Currency creditsperline, bool bothways,
