@@ -18,7 +18,7 @@ void slot_machine::calculatepayoff()
 {
     const Settlement s = settle(Text3->text().toStdString(), lines, slot::creditsperline, bothways, symbol);
     slot::bank = readBank(Text3->text().toStdString()) - s.bet;
-    winning = s.winning;
+    winning = s.runCells;
 
     Linem.hide(1, 29);
     winright = s.winright;

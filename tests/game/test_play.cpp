@@ -65,8 +65,10 @@ class TestPlay : public QObject {
     void settle(slot_machine& w, const Grid& g, const QString& bank = "2500")
     {
         w.symbol = g;
-        for (int i = 1; i <= 15; ++i)
+        for (int i = 1; i <= 15; ++i) {
             w.cell[i] = 12 * g[i];
+            w.setImage1(i, w.Image2[size_t(w.cell[i])]);
+        }
         w.Text3->setText(bank);
         QSignalSpy spy(&w, &slot_machine::settled);
         w.calculatepayoff();
@@ -116,7 +118,7 @@ private slots:
         if (w->Text1->text().toLongLong() >= 8000)
             flashes += 150;
         QCOMPARE(w->beepsSounded() - beepsBefore, 15 + flashes);
-        QCOMPARE(QApplication::focusWidget(), w->Command1);
+        QCOMPARE(w->focusWidget(), w->Command1);
     }
 
     void theSameSeedDrawsTheSameSpin()
