@@ -44,7 +44,7 @@ int simulateCommand(const std::vector<std::string_view>& args)
         / std::sqrt(static_cast<long double>(tally.spins)) / bet;
     const bool inside = std::fabs(exact.rtpPercent() - rtp) <= halfWidth;
 
-    std::printf("%llu spins, seed %llu, %d threads: %d symbols, %d lines, %s, %d credits per line, bet %lld\n",
+    std::printf("%llu spins, seed %llu, %d threads: %d symbols, %d lines, %s, credits per line %d, bet %lld\n",
                 static_cast<unsigned long long>(tally.spins), static_cast<unsigned long long>(seed), threads,
                 setup.symbols, setup.lines, setup.bothways ? "both directions" : "one direction",
                 setup.creditsperline, static_cast<long long>(exact.bet));
