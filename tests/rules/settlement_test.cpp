@@ -113,11 +113,21 @@ void SettlementTest::jackpotFromExactly8000PerCredit()
     for (int cell = 1; cell <= 15; ++cell)
         QVERIFY(s.winning[cell]);
 
+    // One line alone can reach it; the first flash keeps to its own cells.
+    const Settlement single = settle("2500", 1, whole(1), false, grid(kQuietTop, {15, 15, 15, 15, 15}, kQuietBottom));
+    QCOMPARE(single.totalpaid, whole(8217));
+    QVERIFY(single.jackpot);
+    for (int cell = 1; cell <= 15; ++cell) {
+        QCOMPARE(single.runCells[cell], cell >= 6 && cell <= 10);
+        QVERIFY(single.winning[cell]);
+    }
+
     // A fifth cell that breaks the bottom row's figure run: 97 instead of 637.
     const Settlement below = settle("2500", 3, whole(1), false, grid(top, middle, {5, 5, 5, 6, 7}));
     QCOMPARE(below.totalpaid, whole(7460));
     QVERIFY(!below.jackpot);
     QVERIFY(!below.winning[15]);
+    QCOMPARE(below.winning, below.runCells);
 }
 
 void SettlementTest::emptyBankIsRefilled()
