@@ -18,6 +18,8 @@ constexpr qint64 kMaxFileBytes = 32 * 1024 * 1024;
 // Zeroed bytes after the data, so that a check peeking a field past the last
 // record reads zeros instead of foreign memory.
 constexpr std::size_t kSlackBytes = 256;
+// Qt refuses pens from 32768 units wide.
+constexpr double kMaxPenWidth = 10000;
 
 }  // namespace
 
@@ -83,7 +85,7 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
     const QTransform toDevice = painter.deviceTransform();
     const double devicePerUnit =
         std::sqrt(std::abs(toDevice.m11() * toDevice.m22() - toDevice.m12() * toDevice.m21()));
-    const double thinnest = devicePerUnit > 0 ? 1 / devicePerUnit : 1;
+    const double thinnest = devicePerUnit > 0 ? std::min(1 / devicePerUnit, kMaxPenWidth) : 1;
 
     for (const emf::DrawOp& op : d_->ops) {
         if (op.clipped) {

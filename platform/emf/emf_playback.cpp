@@ -16,6 +16,8 @@ constexpr std::size_t kMaxSavedStates = 4096;
 // Shapes reaching further than this from the reference device's origin are
 // damage, not drawing; dropping them keeps the rasteriser out of trouble.
 constexpr double kMaxCoordinate = 1 << 24;
+// Qt refuses pens from 32768 units wide; no picture of ours needs a tenth.
+constexpr double kMaxPenWidth = 10000;
 
 double linearScale(const QTransform& t)
 {
@@ -101,7 +103,7 @@ private:
         if (op.stroked) {
             op.stroke.color = dc_.pen.color;
             op.stroke.width =
-                dc_.pen.cosmetic ? 0 : std::min(dc_.pen.width * linearScale(toDevice()), 1e5);
+                dc_.pen.cosmetic ? 0 : std::min(dc_.pen.width * linearScale(toDevice()), kMaxPenWidth);
             op.stroke.style = dc_.pen.style;
             op.stroke.cap = dc_.pen.cap;
             op.stroke.join = dc_.pen.join;
@@ -279,8 +281,8 @@ private:
             logical.addEllipse(box);
             break;
         case U_EMR_ROUNDRECT: {
-            const double rx = std::min(std::abs(readI32(rec, 24)) / 2.0, box.width() / 2);
-            const double ry = std::min(std::abs(readI32(rec, 28)) / 2.0, box.height() / 2);
+            const double rx = std::min(std::abs(double(readI32(rec, 24))) / 2, box.width() / 2);
+            const double ry = std::min(std::abs(double(readI32(rec, 28))) / 2, box.height() / 2);
             logical.addRoundedRect(box, rx, ry);
             break;
         }

@@ -1,0 +1,197 @@
+// Files that are missing, foreign, cut short or damaged cannot be loaded,
+// and nothing any byte sequence contains crashes or hangs the decoder.
+#include "tests/emf/emf_test_support.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QPainter>
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <cstring>
+#include <functional>
+#include <vector>
+
+namespace {
+
+QByteArray goodPicture()
+{
+    return writeEmf(73, 73, [](EmfWriter& e) {
+        blackFill(e);
+        e.rectangle({10, 10, 30, 30});
+        e.polygon({point32_set(40, 40), point32_set(60, 40), point32_set(50, 60)});
+        e.polyPolygon({{point32_set(0, 0), point32_set(5, 0), point32_set(5, 5)},
+                       {point32_set(9, 9), point32_set(12, 9), point32_set(12, 12)}});
+    });
+}
+
+quint32 word(const QByteArray& b, qsizetype at)
+{
+    quint32 v;
+    std::memcpy(&v, b.constData() + at, 4);
+    return v;
+}
+
+void setWord(QByteArray& b, qsizetype at, quint32 v)
+{
+    std::memcpy(b.data() + at, &v, 4);
+}
+
+// Offset of the first record of the given type.
+qsizetype findRecord(const QByteArray& b, quint32 type)
+{
+    for (qsizetype at = 0; at + 8 <= b.size() && word(b, at + 4) >= 8; at += word(b, at + 4))
+        if (word(b, at) == type)
+            return at;
+    return -1;
+}
+
+// Loads, and draws whatever loaded, at two pixel ratios.
+bool survives(const QByteArray& bytes)
+{
+    const auto picture = EmfPicture::fromBytes(bytes);
+    if (picture) {
+        renderNatural(*picture, 73, 73);
+        renderNatural(*picture, 73, 73, 2);
+    }
+    return picture.has_value();
+}
+
+struct Damage {
+    const char* name;
+    std::function<void(QByteArray&)> apply;
+};
+
+const std::vector<Damage>& damages()
+{
+    static const std::vector<Damage> list = {
+        {"wrong signature", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, dSignature), 0x464D4521); }},
+        {"header is not first", [](QByteArray& b) { setWord(b, 0, U_EMR_EOF); }},
+        {"length beyond the data", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, nBytes), quint32(b.size() + 4)); }},
+        {"no end-of-file record", [](QByteArray& b) {
+             const qsizetype eof = findRecord(b, U_EMR_EOF);
+             b.truncate(eof);
+             setWord(b, offsetof(U_EMRHEADER, nBytes), quint32(b.size()));
+         }},
+        {"record size zero", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_RECTANGLE) + 4, 0); }},
+        {"record size not in words", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_RECTANGLE) + 4, 26); }},
+        {"record size past the end", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_RECTANGLE) + 4, 0x7ffffff8); }},
+        {"unknown record type", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_RECTANGLE), 200); }},
+        {"second header", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_RECTANGLE), U_EMR_HEADER); }},
+        {"point count too large", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_POLYGON) + 24, 0xffffffff); }},
+        {"point count overflowing", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_POLYGON) + 24, 0x20000001); }},
+        {"polygon counts disagree", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_POLYPOLYGON) + 32, 2); }},
+        {"polygon count too large", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_POLYPOLYGON) + 24, 0x40000000); }},
+        {"empty frame", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, rclFrame) + 8, 0); }},
+        {"reference device without size", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, szlMillimeters), 0); }},
+        {"description outside the header", [](QByteArray& b) {
+             setWord(b, offsetof(U_EMRHEADER, nDescription), 1000);
+             setWord(b, offsetof(U_EMRHEADER, offDescription), 88);
+         }},
+    };
+    return list;
+}
+
+}  // namespace
+
+class EmfDamageTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void notMetafiles()
+    {
+        QVERIFY(!EmfPicture::fromBytes(QByteArray()));
+        QVERIFY(!EmfPicture::fromBytes("hello, this is not a picture"));
+        QVERIFY(!EmfPicture::fromBytes(QByteArray("\x89PNG\r\n\x1a\n", 8) + QByteArray(200, 'x')));
+        QVERIFY(!EmfPicture::fromBytes(QByteArray(4096, '\0')));
+        QVERIFY(!EmfPicture::load("no-such-picture.emf"));
+        QTemporaryDir dir;
+        QVERIFY(!EmfPicture::load(dir.path()));
+    }
+
+    void damagedStructure_data()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < int(damages().size()); ++i)
+            QTest::newRow(damages()[std::size_t(i)].name) << i;
+    }
+
+    void damagedStructure()
+    {
+        QFETCH(int, index);
+        QByteArray bytes = goodPicture();
+        QVERIFY(EmfPicture::fromBytes(bytes));
+        damages()[std::size_t(index)].apply(bytes);
+        QVERIFY(!EmfPicture::fromBytes(bytes));
+    }
+
+    void everyTruncation()
+    {
+        const QByteArray bytes = goodPicture();
+        for (qsizetype n = 0; n < bytes.size(); ++n)
+            QVERIFY2(!EmfPicture::fromBytes(bytes.left(n)), qPrintable(QString::number(n)));
+        // Trailing bytes after the stated length are not part of the picture.
+        QVERIFY(EmfPicture::fromBytes(bytes + QByteArray(64, '\x7f')));
+    }
+
+    void randomBytesAndMutations()
+    {
+        QRandomGenerator rng(20240611);
+        QElapsedTimer clock;
+        clock.start();
+
+        // Pure noise, and noise behind a real header.
+        const QByteArray header = goodPicture().left(sizeof(U_EMRHEADER));
+        for (int i = 0; i < 300; ++i) {
+            QByteArray noise(rng.bounded(2000), Qt::Uninitialized);
+            for (char& c : noise)
+                c = char(rng.bounded(256));
+            QVERIFY(!survives(noise));
+            survives(header + noise);
+        }
+
+        // A few hundred damaged copies of a real symbol: flipped bytes,
+        // extreme values in records' fields, cut ends, repeated stretches.
+        QFile file(qEnvironmentVariable("REELMOOR_ASSETS") + "/49.emf");
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray original = file.readAll();
+        QVERIFY(survives(original));
+        std::vector<qsizetype> fields;  // every word after a record's type and size
+        for (qsizetype at = 0; at + 8 <= original.size(); at += word(original, at + 4))
+            for (qsizetype f = at + 8; f < at + qsizetype(word(original, at + 4)); f += 4)
+                fields.push_back(f);
+        const quint32 extremes[] = {0, 1, 0x7fffffff, 0x80000000, 0xffffffff, 0x3fffffff, 0x10000};
+        int loaded = 0;
+        for (int i = 0; i < 400; ++i) {
+            QByteArray copy = original;
+            const int changes = 1 + int(rng.bounded(6));
+            for (int k = 0; k < changes && copy.size() > 8; ++k) {
+                const qsizetype at = rng.bounded(copy.size() - 4);
+                switch (rng.bounded(5)) {
+                case 0: copy[at] = char(copy[at] ^ (1 << rng.bounded(8))); break;
+                case 1: {
+                    const qsizetype f = fields[rng.bounded(quint32(fields.size()))];
+                    if (f + 4 <= copy.size())
+                        setWord(copy, f, extremes[rng.bounded(7)]);
+                    break;
+                }
+                case 2: copy.truncate(at); break;
+                case 3: copy.insert(at & ~qsizetype(3), copy.mid(at & ~qsizetype(3), 4 * rng.bounded(1, 8))); break;
+                default: {  // any value at all in one field
+                    const qsizetype f = fields[rng.bounded(quint32(fields.size()))];
+                    if (f + 4 <= copy.size())
+                        setWord(copy, f, rng.generate());
+                    break;
+                }
+                }
+            }
+            loaded += survives(copy) ? 1 : 0;
+        }
+        qInfo("%d of 400 damaged copies still loaded; all in %lld ms", loaded,
+              static_cast<long long>(clock.elapsed()));
+        QVERIFY(clock.elapsed() < 8000);
+    }
+};
+
+QTEST_MAIN(EmfDamageTest)
+#include "test_emf_damage.moc"
