@@ -1,0 +1,198 @@
+#include "platform/emf/emf_player.h"
+
+#include "platform/emf/emf_playback.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace emf {
+
+namespace {
+
+double linearScale(const QTransform& t)
+{
+    return std::sqrt(std::abs(t.m11() * t.m22() - t.m12() * t.m21()));
+}
+
+}  // namespace
+
+PictureData playRecords(const char* data, const CheckedMetafile& metafile)
+{
+    return Player(data, metafile).run(metafile.records);
+}
+
+Player::Player(const char* data, const CheckedMetafile& mf)
+    : data_(data), objects_(mf.header.handles)
+{
+    const HeaderInfo& h = mf.header;
+    device_.pixelsPerMmX = double(h.device.cx) / h.millimeters.cx;
+    device_.pixelsPerMmY = double(h.device.cy) / h.millimeters.cy;
+    const QPointF topLeft(h.frame.left / 100.0 * device_.pixelsPerMmX,
+                          h.frame.top / 100.0 * device_.pixelsPerMmY);
+    const QPointF bottomRight(h.frame.right / 100.0 * device_.pixelsPerMmX,
+                              h.frame.bottom / 100.0 * device_.pixelsPerMmY);
+    out_.frame = QRectF(topLeft, bottomRight);
+    const double frameW = double(h.frame.right) - h.frame.left;
+    const double frameH = double(h.frame.bottom) - h.frame.top;
+    out_.naturalSize = QSize(int(std::lround(frameW * 96 / 2540)),
+                             int(std::lround(frameH * 96 / 2540)));
+    everything_.addRect(out_.frame.adjusted(-kMaxCoordinate, -kMaxCoordinate,
+                                            kMaxCoordinate, kMaxCoordinate));
+}
+
+PictureData Player::run(const std::vector<RecordRef>& records)
+{
+    for (const RecordRef& r : records)
+        play(r.type, data_ + r.offset, r.size);
+    return std::move(out_);
+}
+
+void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
+{
+    switch (type) {
+    case U_EMR_POLYBEZIER: case U_EMR_POLYGON: case U_EMR_POLYLINE:
+    case U_EMR_POLYBEZIERTO: case U_EMR_POLYLINETO:
+        polyRecord(type, rec, false);
+        return;
+    case U_EMR_POLYBEZIER16: case U_EMR_POLYGON16: case U_EMR_POLYLINE16:
+    case U_EMR_POLYBEZIERTO16: case U_EMR_POLYLINETO16:
+        polyRecord(type - (U_EMR_POLYBEZIER16 - U_EMR_POLYBEZIER), rec, true);
+        return;
+    case U_EMR_POLYPOLYLINE: case U_EMR_POLYPOLYGON:
+        polyPolyRecord(type, rec, false);
+        return;
+    case U_EMR_POLYPOLYLINE16: case U_EMR_POLYPOLYGON16:
+        polyPolyRecord(type, rec, true);
+        return;
+    case U_EMR_POLYDRAW: polyDrawRecord(rec, false); return;
+    case U_EMR_POLYDRAW16: polyDrawRecord(rec, true); return;
+    case U_EMR_RECTANGLE: case U_EMR_ELLIPSE: case U_EMR_ROUNDRECT:
+        boxRecord(type, rec);
+        return;
+    case U_EMR_ARC: case U_EMR_CHORD: case U_EMR_PIE: case U_EMR_ARCTO:
+        arcRecord(type, rec);
+        return;
+    case U_EMR_ANGLEARC: angleArcRecord(rec); return;
+    case U_EMR_LINETO: lineTo(rec); return;
+    case U_EMR_BEGINPATH: case U_EMR_ENDPATH: case U_EMR_ABORTPATH:
+    case U_EMR_CLOSEFIGURE: case U_EMR_FILLPATH: case U_EMR_STROKEPATH:
+    case U_EMR_STROKEANDFILLPATH:
+        pathRecord(type);
+        return;
+    case U_EMR_INTERSECTCLIPRECT: case U_EMR_EXCLUDECLIPRECT:
+    case U_EMR_SELECTCLIPPATH: case U_EMR_EXTSELECTCLIPRGN:
+        clipRecord(type, rec);
+        return;
+    case U_EMR_SETMAPMODE: case U_EMR_SETWINDOWEXTEX: case U_EMR_SETVIEWPORTEXTEX:
+    case U_EMR_SETWINDOWORGEX: case U_EMR_SETVIEWPORTORGEX:
+    case U_EMR_SCALEWINDOWEXTEX: case U_EMR_SCALEVIEWPORTEXTEX:
+        mappingRecord(type, rec);
+        return;
+    case U_EMR_SETWORLDTRANSFORM: case U_EMR_MODIFYWORLDTRANSFORM:
+        worldRecord(type, rec);
+        return;
+    case U_EMR_SAVEDC: case U_EMR_RESTOREDC: case U_EMR_SETPOLYFILLMODE:
+    case U_EMR_SETARCDIRECTION: case U_EMR_SETMITERLIMIT: case U_EMR_MOVETOEX:
+        stateRecord(type, rec);
+        return;
+    default:
+        objectRecord(type, rec, size);
+        return;
+    }
+}
+
+// A shape in device pixels: inside a path bracket it joins the path,
+// otherwise it is drawn with the selected brush and pen.
+void Player::shape(const QPainterPath& devicePath, bool fill, bool stroke)
+{
+    if (inPath_) {
+        path_.addPath(devicePath);
+        figureOpen_ = false;
+        return;
+    }
+    addOp(devicePath, fill, stroke);
+}
+
+void Player::addOp(QPainterPath path, bool fill, bool stroke)
+{
+    const QRectF box = path.controlPointRect();
+    if (!std::isfinite(box.left()) || !std::isfinite(box.right()) ||
+        !std::isfinite(box.top()) || !std::isfinite(box.bottom()) ||
+        std::abs(box.left()) > kMaxCoordinate || std::abs(box.right()) > kMaxCoordinate ||
+        std::abs(box.top()) > kMaxCoordinate || std::abs(box.bottom()) > kMaxCoordinate)
+        return;
+    DrawOp op;
+    op.filled = fill && dc_.brush.visible;
+    op.stroked = stroke && dc_.pen.visible;
+    if (!op.filled && !op.stroked)
+        return;
+    path.setFillRule(dc_.windingFill ? Qt::WindingFill : Qt::OddEvenFill);
+    op.path = std::move(path);
+    if (op.filled)
+        op.brush = QBrush(dc_.brush.color, dc_.brush.style);
+    if (op.stroked) {
+        op.stroke.color = dc_.pen.color;
+        op.stroke.width =
+            dc_.pen.cosmetic ? 0 : std::min(dc_.pen.width * linearScale(toDevice()), kMaxPenWidth);
+        op.stroke.style = dc_.pen.style;
+        op.stroke.cap = dc_.pen.cap;
+        op.stroke.join = dc_.pen.join;
+        op.stroke.miterLimit = dc_.miterLimit;
+    }
+    op.clipped = dc_.clipped;
+    if (op.clipped)
+        op.clip = dc_.clip;
+    out_.ops.push_back(std::move(op));
+}
+
+// Continues the current figure from the current position: LineTo,
+// PolylineTo, PolyBezierTo, ArcTo.
+QPainterPath& Player::figureFromPosition(QPainterPath& scratch)
+{
+    QPainterPath& p = inPath_ ? path_ : scratch;
+    if (!inPath_ || !figureOpen_ || p.currentPosition() != dc_.position)
+        p.moveTo(dc_.position);
+    figureOpen_ = inPath_;
+    return p;
+}
+
+void Player::finishOpenFigure(const QPainterPath& scratch)
+{
+    if (!inPath_)
+        addOp(scratch, false, true);
+}
+
+void Player::pathRecord(std::uint32_t type)
+{
+    switch (type) {
+    case U_EMR_BEGINPATH:
+        inPath_ = true;
+        figureOpen_ = false;
+        path_ = QPainterPath();
+        return;
+    case U_EMR_ENDPATH:
+        inPath_ = false;
+        return;
+    case U_EMR_ABORTPATH:
+        inPath_ = false;
+        path_ = QPainterPath();
+        return;
+    case U_EMR_CLOSEFIGURE:
+        if (inPath_ && figureOpen_) {
+            path_.closeSubpath();
+            figureOpen_ = false;
+            dc_.position = path_.currentPosition();
+        }
+        return;
+    case U_EMR_FILLPATH: case U_EMR_STROKEPATH: case U_EMR_STROKEANDFILLPATH:
+        if (inPath_)
+            return;  // Windows refuses to use a path still being recorded
+        addOp(path_, type != U_EMR_STROKEPATH, type != U_EMR_FILLPATH);
+        path_ = QPainterPath();
+        return;
+    default:
+        return;
+    }
+}
+
+}  // namespace emf

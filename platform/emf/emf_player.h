@@ -1,0 +1,68 @@
+#pragma once
+// The record interpreter behind playRecords: walks the checked records in
+// order, keeps the device context, object table and path being recorded, and
+// collects the shapes to draw. Shapes live in emf_player_shapes.cpp, state,
+// mapping, clipping and objects in emf_player_state.cpp.
+#include "platform/emf/emf_device_context.h"
+#include "platform/emf/emf_draw_op.h"
+#include "platform/emf/emf_objects.h"
+#include "platform/emf/emf_record_check.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace emf {
+
+// Shapes reaching further than this from the reference device's origin are
+// damage, not drawing; dropping them keeps the rasteriser out of trouble.
+constexpr double kMaxCoordinate = 1 << 24;
+// Qt refuses pens from 32768 units wide; no picture of ours needs a tenth.
+constexpr double kMaxPenWidth = 10000;
+
+class Player {
+public:
+    Player(const char* data, const CheckedMetafile& metafile);
+    PictureData run(const std::vector<RecordRef>& records);
+
+private:
+    void play(std::uint32_t type, const char* rec, std::uint32_t size);
+    QTransform toDevice() const { return logicalToDevice(dc_, device_); }
+
+    // Shapes, in device pixels: into the path being recorded, or drawn.
+    void shape(const QPainterPath& devicePath, bool fill, bool stroke);
+    void addOp(QPainterPath path, bool fill, bool stroke);
+    QPainterPath& figureFromPosition(QPainterPath& scratch);
+    void finishOpenFigure(const QPainterPath& scratch);
+
+    // Drawing records.
+    void polyRecord(std::uint32_t type, const char* rec, bool sixteenBit);
+    void polyPolyRecord(std::uint32_t type, const char* rec, bool sixteenBit);
+    void polyDrawRecord(const char* rec, bool sixteenBit);
+    void boxRecord(std::uint32_t type, const char* rec);
+    void arcRecord(std::uint32_t type, const char* rec);
+    void angleArcRecord(const char* rec);
+    void lineTo(const char* rec);
+    void pathRecord(std::uint32_t type);
+
+    // State records.
+    void combineClip(const QPainterPath& region, std::uint32_t mode);
+    void clipRecord(std::uint32_t type, const char* rec);
+    bool scalableMapping() const;
+    void mappingRecord(std::uint32_t type, const char* rec);
+    void worldRecord(std::uint32_t type, const char* rec);
+    void stateRecord(std::uint32_t type, const char* rec);
+    void objectRecord(std::uint32_t type, const char* rec, std::uint32_t size);
+
+    const char* data_;
+    ReferenceDevice device_;
+    ObjectTable objects_;
+    DeviceContext dc_;
+    std::vector<DeviceContext> saved_;
+    bool inPath_ = false;
+    bool figureOpen_ = false;  // the recorded path has a figure to continue
+    QPainterPath path_;        // the path being (or last) recorded
+    QPainterPath everything_;  // the clip region that clips nothing
+    PictureData out_;
+};
+
+}  // namespace emf
