@@ -64,11 +64,13 @@ std::optional<EmfPicture> EmfPicture::fromBytes(const QByteArray& bytes)
 
 QSize EmfPicture::naturalSize() const
 {
-    return d_->naturalSize;
+    return d_ ? d_->naturalSize : QSize();
 }
 
 void EmfPicture::paint(QPainter& painter, const QRectF& target) const
 {
+    if (!d_)
+        return;  // moved from
     const QRectF& frame = d_->frame;
     if (frame.width() <= 0 || frame.height() <= 0 || target.isEmpty())
         return;
