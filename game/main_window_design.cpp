@@ -138,6 +138,14 @@ void slot_machine::buildDesign()
     strobeTimer_->setTimerType(Qt::PreciseTimer);
     connect(strobeTimer_, &QTimer::timeout, this, [this] { strobeStep(); });
 
+    audioRest_ = new QTimer(this);
+    audioRest_->setSingleShot(true);
+    audioRest_->setInterval(3000);
+    connect(audioRest_, &QTimer::timeout, this, [this] {
+        if (!restAudioWhenSilent())
+            audioRest_->start(500);
+    });
+
     Picture1 = QImage(92, 138, QImage::Format_RGB32);
     Picture1.fill(Qt::white);
     adjustSize();
@@ -159,6 +167,9 @@ void slot_machine::buildMenu()
     newor = item(QStringLiteral("NEW GAME"), "Ctrl+N", &slot_machine::newor_Click);
     exitor = item(QStringLiteral("EXIT"), "Ctrl+X", &slot_machine::exitor_Click);
     displayer = item(QStringLiteral("DISPLAY PAY TABLE"), "Ctrl+P", &slot_machine::displayer_Click);
+    // The bar keeps its height while the menu is hidden during a spin, so the
+    // window does not jump.
+    menuBar()->setFixedHeight(menuBar()->sizeHint().height());
 }
 
 void slot_machine::layOutButtons()

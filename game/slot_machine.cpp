@@ -47,10 +47,18 @@ slot_machine::~slot_machine() { stopEverything(); }
 
 void slot_machine::setImage1(int i, const QImage& p) { surface->setCellPicture(i, &p); }
 
+void slot_machine::play(const char* file, int count)
+{
+    MediaPlayer1.setPlayCount(count);
+    MediaPlayer1.setFileName(file);
+    audioRest_->start(3000);
+}
+
 void slot_machine::beep()
 {
     ++beeps_;
     systemBeep();
+    audioRest_->start(3000);
 }
 
 // "NEW GAME": only the bank box goes back to 2500; the next settlement reads it.
@@ -91,4 +99,6 @@ void slot_machine::stopEverything()
         if (t)
             t->stop();
     MediaPlayer1.setFileName("");
+    if (audioRest_)
+        audioRest_->stop();
 }

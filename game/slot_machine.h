@@ -108,6 +108,8 @@ public:
     // Gives cell i the picture p.
     void setImage1(int i, const QImage& p);
 
+    // Plays a sound file count times on the media player ("" stops it).
+    void play(const char* file, int count = 1);
     // Sounds the alert; counts them for whoever checks a spin.
     void beep();
     int beepsSounded() const { return beeps_; }
@@ -148,6 +150,7 @@ private:
     QString startupError_;
     QTimer* passTimer_ = nullptr;
     QTimer* strobeTimer_ = nullptr;
+    QTimer* audioRest_ = nullptr;  // lets the audio device rest once all is quiet
     struct StrobeRun {
         int cyclesLeft = 0;
         bool blank = false;

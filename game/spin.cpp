@@ -16,6 +16,8 @@
 
 void slot_machine::setControlsLocked(bool locked)
 {
+    if (locked)
+        surface->setFocus();  // keys go nowhere while the reels roll
     Command1->setEnabled(!locked);
     filer->menuAction()->setVisible(!locked);
     // A hidden menu must not answer its shortcuts either.
@@ -43,8 +45,7 @@ void slot_machine::Command1_Click()
     spinning = true;
 
     MediaPlayer1.setPosition(0);
-    MediaPlayer1.setPlayCount(100000);
-    MediaPlayer1.setFileName("clink.wav");
+    play("clink.wav", 100000);
 
     // Each reel stops on its own, 2 to 6 seconds from now.
     for (int i = 1; i <= 15; ++i) {
@@ -106,7 +107,7 @@ void slot_machine::pass()
 
 void slot_machine::finishSpin()
 {
-    MediaPlayer1.setFileName("");
+    play("");
     spinning = false;
     calculatepayoff();
 }

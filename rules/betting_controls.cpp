@@ -28,8 +28,7 @@ void slot_machine::Commandlines_Click(int index)
     for (int i = 1; i <= 5; ++i)
         Commandlines[i]->setFace(palette().color(QPalette::Window));
     Commandlines[index]->setFace(kYellow);
-    MediaPlayer1.setPlayCount(1);
-    MediaPlayer1.setFileName("chimes.wav");
+    play("chimes.wav");
     lines = 2 * index - 1;
     showBet();
     drawlines(lines);
@@ -41,8 +40,7 @@ void slot_machine::Commandcre_Click(int index)
     for (int i = 1; i <= 10; ++i)
         Commandcre[i]->setFace(palette().color(QPalette::Window));
     Commandcre[index]->setFace(kYellow);
-    MediaPlayer1.setPlayCount(3);
-    MediaPlayer1.setFileName("clunk.wav");
+    play("clunk.wav", 3);
     slot::creditsperline = Currency::fromDouble(index * std::pow(10.0, creditscale));
     showBet();
     Command1->setFocus();
@@ -50,8 +48,7 @@ void slot_machine::Commandcre_Click(int index)
 
 void slot_machine::Command3_Click()
 {
-    MediaPlayer1.setPlayCount(1);
-    MediaPlayer1.setFileName("jackpot.wav");
+    play("jackpot.wav");
     bothways = !bothways;
     if (bothways) {
         Picture3->show();

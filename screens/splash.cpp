@@ -29,7 +29,7 @@ QLabel* whiteLabel(QWidget* parent, int left, int top, int width, int height)
 }
 
 frmSplash::frmSplash()
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setFixedSize(QSizeF(win::twips(6780), win::twips(6345)).toSize());
@@ -61,6 +61,7 @@ bool frmSplash::Form_Load()
     Timer2->start(3000);
 
     main_ = new slot_machine;
+    raise();  // the main window opens behind the splash
     if (!main_->startupError().isEmpty()) {
         const QString file = main_->startupError();
         delete main_;

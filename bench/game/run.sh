@@ -4,7 +4,7 @@
 # Usage: bench/game/run.sh [build-dir]
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
-build=${1:-$root/build}
+build=$(realpath "${1:-$root/build}")
 work=$(mktemp -d)
 cp "$root"/assets/* "$work"/
 cd "$work"

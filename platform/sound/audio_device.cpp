@@ -132,6 +132,16 @@ void closeAudio()
         d.state = State::closed;
 }
 
+bool closeIfSilent()
+{
+    if (!audioOpen())
+        return true;
+    if (Mix_Playing(-1) != 0)
+        return false;
+    closeAudio();
+    return true;
+}
+
 Mix_Chunk* cachedChunk(const std::string& name)
 {
     Device& d = device();

@@ -18,6 +18,10 @@ bool audioOpen();
 // next sound opens it again (and tries again after a failure).
 void closeAudio();
 
+// Closes the device when no channel plays, so an idle game costs no
+// processor time; the next sound opens it again. True when quiet.
+bool closeIfSilent();
+
 // The decoded sound of a file in the working directory, read from disk once
 // and kept while the device is open; nullptr when it cannot be read.
 Mix_Chunk* cachedChunk(const std::string& name);

@@ -46,7 +46,7 @@ bool MediaPlayer::playing() const
 void systemBeep()
 {
     if (Mix_Chunk* beep = sound::beepChunk())
-        Mix_PlayChannel(-1, beep, 0);  // on any free channel; none free means no beep
+        Mix_PlayChannel(-1, beep, 0);  // on any free channel; none free means no beep  // on any free channel; none free means no beep
 }
 
 int sndPlaySoundA(const char* name, unsigned /*flags*/)
@@ -55,4 +55,9 @@ int sndPlaySoundA(const char* name, unsigned /*flags*/)
         return 0;
     Mix_Chunk* chunk = sound::cachedChunk(name);
     return chunk && Mix_PlayChannel(-1, chunk, 0) >= 0 ? 1 : 0;
+}
+
+bool restAudioWhenSilent()
+{
+    return sound::closeIfSilent();
 }

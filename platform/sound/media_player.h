@@ -27,6 +27,11 @@ private:
     int channel_;  // the mixer channel this player owns
 };
 
+// Lets the audio device rest when nothing plays: call it a while after the
+// last sound started; true once all is quiet (the device is then closed and
+// uses no processor time; the next sound opens it again).
+bool restAudioWhenSilent();
+
 // A short alert sound, heard on any desktop with an audio device.
 void systemBeep();
 
