@@ -10,7 +10,8 @@ packages=(
   fonts-liberation
   xvfb xauth
 )
-[ "${1:-}" = "--test" ] && packages+=(clang libclang-rt-14-dev)
+# Tests also validate the desktop files, build the package, fuzz and sanitize.
+[ "${1:-}" = "--test" ] && packages+=(clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file)
 
 missing=()
 for p in "${packages[@]}"; do
