@@ -3,6 +3,7 @@
 #include "game/reel_surface.h"
 #include "game/slot_machine.h"
 #include "platform/caption_button.h"
+#include "platform/window_helpers.h"
 
 #include <QAction>
 #include <QFile>
@@ -22,21 +23,12 @@ constexpr int kClientHeight = 550;
 const QColor kFace(224, 224, 224);
 const QColor kYellow(255, 255, 0);
 
-QFont courier(double points)
-{
-    QFont f(QStringLiteral("Courier New"));
-    f.setStyleHint(QFont::TypeWriter);
-    f.setBold(true);
-    f.setPointSizeF(points);
-    return f;
-}
-
 QLabel* label(QWidget* parent, const QString& text, const QRect& place, Qt::Alignment align, double points)
 {
     auto* l = new QLabel(text, parent);
     l->setGeometry(place);
     l->setAlignment(align | Qt::AlignTop);
-    l->setFont(courier(points));
+    l->setFont(win::courierBold(points));
     return l;
 }
 
@@ -44,7 +36,7 @@ QLineEdit* textBox(QWidget* parent, const QString& text, const QRect& place, boo
 {
     auto* t = new QLineEdit(text, parent);
     t->setGeometry(place);
-    t->setFont(courier(18));
+    t->setFont(win::courierBold(18));
     t->setReadOnly(readOnly);
     QPalette p = t->palette();
     p.setColor(QPalette::Base, Qt::white);
@@ -65,7 +57,7 @@ void slot_machine::buildDesign()
 {
     setWindowTitle(QStringLiteral("REELMOOR"));
     setWindowIcon(QIcon(QStringLiteral("reelmoor.svg")));
-    setFont(courier(9));
+    setFont(win::courierBold(9));
     QPalette p = palette();
     p.setColor(QPalette::Window, kFace);
     p.setColor(QPalette::Button, kFace);
@@ -102,28 +94,28 @@ void slot_machine::buildDesign()
 
     Command1 = new CaptionButton(QStringLiteral("SPIN"), surface);
     Command1->setGeometry(576, 240, 209, 137);
-    Command1->setFont(courier(48));
+    Command1->setFont(win::courierBold(48));
     Command1->setPicture(windowIcon(), QSize(32, 32));
     Command1->setAccessibleName(QStringLiteral("SPIN"));
     connect(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
 
     Command3 = new CaptionButton(QStringLiteral("win both directions <---------->"), surface);
     Command3->setGeometry(672, 384, 113, 73);
-    Command3->setFont(courier(9));
+    Command3->setFont(win::courierBold(9));
     connect(Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
 
     Command6 = new CaptionButton(QStringLiteral("BET MAX"), surface);
     Command6->setGeometry(672, 464, 113, 73);
-    Command6->setFont(courier(20.25));
+    Command6->setFont(win::courierBold(20.25));
     connect(Command6, &QPushButton::clicked, this, [this] { Command6_Click(); });
 
     // The first button of each set comes from the design; start-up makes the rest.
     Commandlines[1] = new CaptionButton(QStringLiteral("1 lines"), surface);
     Commandlines[1]->setGeometry(0, 232, 61, 65);
-    Commandlines[1]->setFont(courier(8.25));
+    Commandlines[1]->setFont(win::courierBold(8.25));
     Commandcre[1] = new CaptionButton(QStringLiteral("1 credits per line"), surface);
     Commandcre[1]->setGeometry(0, 304, 61, 30);
-    Commandcre[1]->setFont(courier(8));
+    Commandcre[1]->setFont(win::courierBold(8));
 
     for (int i = 1; i <= 15; ++i) {
         Timera[i] = new QTimer(this);

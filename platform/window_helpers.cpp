@@ -5,8 +5,19 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <cmath>
+
 namespace win {
 std::function<void(const QString&, const QString&)> messageHook;
+
+QFont courierBold(double points)
+{
+    QFont f(QStringLiteral("Courier New"));
+    f.setStyleHint(QFont::TypeWriter);
+    f.setBold(true);
+    f.setPixelSize(static_cast<int>(std::lround(points * 96.0 / 72.0)));
+    return f;
+}
 
 void centreOnScreen(QWidget* window)
 {

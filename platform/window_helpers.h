@@ -1,5 +1,6 @@
 #pragma once
 // Small window-system services the game's windows share.
+#include <QFont>
 #include <QString>
 
 #include <functional>
@@ -9,6 +10,11 @@ class QWidget;
 namespace win {
 constexpr int kTwipsPerPixel = 15;
 constexpr double twips(double t) { return t / kTwipsPerPixel; }
+
+// The game's type: Courier New, bold (Liberation Mono on Linux), its height
+// rounded to whole pixels at the designed 96 dots per inch as the classic
+// desktop does (6.75 pt -> 9 px, 14.25 pt -> 19 px).
+QFont courierBold(double points);
 
 // Places a top-level window in the middle of its screen.
 void centreOnScreen(QWidget* window);

@@ -1,5 +1,7 @@
 #include "screens/payout.h"
 
+#include "platform/window_helpers.h"
+
 #include "game/slot.h"
 #include "platform/emf/emf_picture.h"
 
@@ -25,9 +27,7 @@ int pointsToPixels(qreal points)
 
 QFont courier(int pixelSize)
 {
-    QFont font(QStringLiteral("Courier New"));
-    font.setStyleHint(QFont::TypeWriter);
-    font.setBold(true);
+    QFont font = win::courierBold(9);
     font.setPixelSize(pixelSize);
     return font;
 }

@@ -14,11 +14,7 @@ namespace {
 QLabel* whiteLabel(QWidget* parent, int left, int top, int width, int height)
 {
     auto* l = new QLabel(parent);
-    QFont f(QStringLiteral("Courier New"));
-    f.setStyleHint(QFont::TypeWriter);
-    f.setBold(true);
-    f.setPointSizeF(18);
-    l->setFont(f);
+    l->setFont(win::courierBold(18));
     QPalette p = l->palette();
     p.setColor(QPalette::WindowText, Qt::white);
     l->setPalette(p);

@@ -1,5 +1,7 @@
 #include "winners/creditsdeck.h"
 
+#include "platform/window_helpers.h"
+
 #include "game/slot.h"
 
 #include <QCloseEvent>
@@ -25,15 +27,7 @@ constexpr int kRowHeight = 405;
 constexpr int kPrintGap = 5;  // between a row's right edge and the printed credits
 constexpr int kCountdownMs = 2500;
 
-QFont deckFont()
-{
-    // Courier New, bold, 14.25 points: 19 pixels at the designed resolution.
-    QFont font(QStringLiteral("Courier New"));
-    font.setStyleHint(QFont::TypeWriter);
-    font.setBold(true);
-    font.setPixelSize(19);
-    return font;
-}
+QFont deckFont() { return win::courierBold(14.25); }
 
 QString toQString(const std::u32string& text)
 {
