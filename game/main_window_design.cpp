@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QImageReader>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSvgWidget>
@@ -140,6 +141,8 @@ void slot_machine::buildDesign()
 
     Picture1 = QImage(92, 138, QImage::Format_RGB32);
     Picture1.fill(Qt::white);
+    // The design has one size; the window keeps it.
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
     adjustSize();
 }
 
