@@ -48,8 +48,9 @@ void ReelSurface::paintEvent(QPaintEvent* event)
                              Qt::white);
         }
     }
-    // A cell's picture has exactly the cell's size; its corner is snapped to
-    // the nearest device pixel so the picture is copied, never resampled.
+    // A cell's picture has the cell's size in device pixels (give or take the
+    // half pixel a fractional scale leaves); its corner is snapped to the
+    // nearest device pixel so the picture is copied, never resampled.
     const double dpr = devicePixelRatioF();
     for (int i = 1; i <= 15; ++i) {
         const QImage* picture = cellPicture_[i];
@@ -57,8 +58,10 @@ void ReelSurface::paintEvent(QPaintEvent* event)
             continue;
         const QRectF& c = cellRect_[i];
         const QPointF corner(std::round(c.left() * dpr) / dpr, std::round(c.top() * dpr) / dpr);
-        const QSizeF natural = picture->deviceIndependentSize();
-        if (std::abs(natural.width() - c.width()) < 0.01 && std::abs(natural.height() - c.height()) < 0.01) {
+        const bool madeForThisScreen = picture->devicePixelRatio() == dpr &&
+                                       std::abs(picture->width() - c.width() * dpr) <= 1 &&
+                                       std::abs(picture->height() - c.height() * dpr) <= 1;
+        if (madeForThisScreen) {
             painter.drawImage(corner, *picture);
         } else {
             painter.setRenderHint(QPainter::SmoothPixmapTransform);
