@@ -103,11 +103,14 @@ void slot_machine::buildDesign()
     Command3 = new CaptionButton(QStringLiteral("win both directions <---------->"), surface);
     Command3->setGeometry(672, 384, 113, 73);
     Command3->setFont(win::courierBold(9));
+    // A screen reader says the caption's words, not its drawing of arrows.
+    Command3->setAccessibleName(QStringLiteral("win both directions"));
     connect(Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
 
     Command6 = new CaptionButton(QStringLiteral("BET MAX"), surface);
     Command6->setGeometry(672, 464, 113, 73);
     Command6->setFont(win::courierBold(20.25));
+    Command6->setAccessibleName(QStringLiteral("BET MAX"));
     connect(Command6, &QPushButton::clicked, this, [this] { Command6_Click(); });
 
     // The first button of each set comes from the design; start-up makes the rest.

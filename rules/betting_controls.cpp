@@ -54,9 +54,11 @@ void slot_machine::Command3_Click()
         Picture3->show();
         Command3->setFace(kYellow);
         Command3->setText(QStringLiteral("win one direction ------->"));
+        Command3->setAccessibleName(QStringLiteral("win one direction"));
     } else {
         Picture3->hide();
         Command3->setText(QStringLiteral("win both directions <---------->"));
+        Command3->setAccessibleName(QStringLiteral("win both directions"));
         Command3->setFace(palette().color(QPalette::Window));
     }
     showBet();
