@@ -1,0 +1,36 @@
+# Shared by the packaging tests: failing with a reason, skipping when a
+# tool is not installed, and where the staged install keeps things.
+set -eu
+
+fail() {
+  echo "FAIL: $*" >&2
+  exit 1
+}
+
+# A tool the test cannot run without: skip (77) when it is not installed.
+need() {
+  for tool in "$@"; do
+    if ! command -v "$tool" >/dev/null 2>&1; then
+      echo "SKIP: $tool is not installed (scripts/deps.sh --test installs it)" >&2
+      exit 77
+    fi
+  done
+}
+
+root=$REELMOOR_STAGE/usr
+bin=$root/$BINDIR
+libexec=$root/$LIBEXECDIR
+data=$root/$DATADIR
+man=$root/$MANDIR
+
+# The desktop id, taken from the one menu entry installed.
+app_id() {
+  set -- "$data"/applications/*.desktop
+  [ $# -eq 1 ] && [ -f "$1" ] || fail "expected one menu entry in $data/applications, found: $*"
+  basename "$1" .desktop
+}
+
+# The files of the game's assets folder that are installed: all but README.md.
+asset_names() {
+  ls "$REELMOOR_SOURCE/assets" | grep -vx README.md
+}
