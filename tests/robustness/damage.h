@@ -1,0 +1,91 @@
+#pragma once
+// Damaged copies of the game's files for the robustness tests: a working
+// folder stocked with the game's pictures and sounds, and the ways a file
+// can come to it broken.
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QString>
+#include <QStringList>
+
+namespace damage {
+
+enum class Kind { missing, empty, truncated, randomBytes, oversized, folder };
+
+inline const char* nameOf(Kind k)
+{
+    switch (k) {
+    case Kind::missing: return "missing";
+    case Kind::empty: return "empty";
+    case Kind::truncated: return "truncated";
+    case Kind::randomBytes: return "random bytes";
+    case Kind::oversized: return "oversized";
+    case Kind::folder: return "a folder";
+    }
+    return "?";
+}
+
+inline QByteArray randomBytes(int size, quint32 seed)
+{
+    QRandomGenerator gen(seed);
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (char& b : bytes)
+        b = char(gen.bounded(256));
+    return bytes;
+}
+
+inline QByteArray readAll(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+inline bool writeAll(const QString& path, const QByteArray& bytes)
+{
+    QFile f(path);
+    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
+}
+
+// A fresh folder holding every picture and sound of the game.
+inline bool stock(const QString& dir)
+{
+    QDir(dir).removeRecursively();
+    if (!QDir().mkpath(dir))
+        return false;
+    const QString assets = qEnvironmentVariable("REELMOOR_ASSETS");
+    const QStringList files = QDir(assets).entryList(QDir::Files);
+    for (const QString& f : files)
+        if (!QFile::copy(assets + "/" + f, dir + "/" + f))
+            return false;
+    return !files.isEmpty();
+}
+
+// Breaks dir/file the given way. An oversized file is the whole file
+// followed by 48 MB of nothing (a sparse file, cheap to make).
+inline bool apply(const QString& dir, const QString& file, Kind kind)
+{
+    const QString path = dir + "/" + file;
+    const QByteArray whole = readAll(path);
+    QFile::remove(path);
+    switch (kind) {
+    case Kind::missing: return true;
+    case Kind::empty: return writeAll(path, {});
+    case Kind::truncated: return writeAll(path, whole.left(whole.size() / 2));
+    case Kind::randomBytes: return writeAll(path, randomBytes(qMax(64, int(whole.size())), qHash(file)));
+    case Kind::oversized: {
+        if (!writeAll(path, whole))
+            return false;
+        QFile f(path);
+        return f.open(QIODevice::ReadWrite) && f.resize(whole.size() + 48LL * 1024 * 1024);
+    }
+    case Kind::folder: return QDir().mkpath(path);
+    }
+    return false;
+}
+
+inline QList<Kind> everyKind()
+{
+    return {Kind::missing, Kind::empty, Kind::truncated, Kind::randomBytes, Kind::oversized, Kind::folder};
+}
+}
