@@ -10,7 +10,7 @@ set(REELMOOR_PACKAGE_MAINTAINER "The reelmoor developers <maintainers@reelmoor.i
 set(CPACK_PACKAGE_CONTACT "${REELMOOR_PACKAGE_MAINTAINER}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "video slot with fifteen reels and nine pay lines")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY reelmoor)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+# Programs stripped of their symbols; the DEB generator puts everything below /usr.
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 
@@ -31,5 +31,9 @@ table of the ten best results for each player.
 
 The package also holds reelmoor-odds, which computes the exact odds of the
 pay schedule and plays random spins through the game's rules.")
+
+# `make package_source`: the sources without version control or build folders.
+set(CPACK_SOURCE_GENERATOR TXZ)
+set(CPACK_SOURCE_IGNORE_FILES "/\\.git/" "/build[^/]*/")
 
 include(CPack)
