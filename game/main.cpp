@@ -30,6 +30,7 @@ int main(int argc, char** argv)
                                             .arg(REELMOOR_VERSION_MAJOR)
                                             .arg(REELMOOR_VERSION_MINOR)
                                             .arg(REELMOOR_VERSION_PATCH));
+    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.reelmoor.Reelmoor"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 
     auto* splash = new frmSplash;
