@@ -20,6 +20,10 @@ void CaptionButton::setPicture(const QIcon& picture, const QSize& logicalSize)
 
 void CaptionButton::setFace(const QColor& colour)
 {
+    // The style keeps drawn faces in a cache keyed by the palette, and every
+    // new palette is a new key: the colour the face already has makes none.
+    if (face() == colour)
+        return;
     QPalette p = palette();
     p.setColor(QPalette::Button, colour);
     setPalette(p);

@@ -26,8 +26,7 @@ void slot_machine::showBet()
 void slot_machine::Commandlines_Click(int index)
 {
     for (int i = 1; i <= 5; ++i)
-        Commandlines[i]->setFace(palette().color(QPalette::Window));
-    Commandlines[index]->setFace(kYellow);
+        Commandlines[i]->setFace(i == index ? kYellow : palette().color(QPalette::Window));
     play("chimes.wav");
     lines = 2 * index - 1;
     showBet();
@@ -38,8 +37,7 @@ void slot_machine::Commandlines_Click(int index)
 void slot_machine::Commandcre_Click(int index)
 {
     for (int i = 1; i <= 10; ++i)
-        Commandcre[i]->setFace(palette().color(QPalette::Window));
-    Commandcre[index]->setFace(kYellow);
+        Commandcre[i]->setFace(i == index ? kYellow : palette().color(QPalette::Window));
     play("clunk.wav", 3);
     slot::creditsperline = Currency::fromDouble(index * std::pow(10.0, creditscale));
     showBet();
