@@ -3,6 +3,8 @@
 #include "rules/pay.h"
 #include "rules/paylines.h"
 
+#include <algorithm>
+
 namespace {
 
 bool isBlank(char c)
@@ -119,8 +121,9 @@ Settlement settle(std::string_view bankText, int lines, Currency creditsperline,
     }
 
     s.paid = s.totalpaid > Currency();
+    // At the top of the range the bank stays a whole number of credits.
     if (s.paid)
-        s.bank = s.bank + s.totalpaid;
+        s.bank = std::min(s.bank + s.totalpaid, Currency::fromWhole(Currency::kMaxWhole));
 
     s.runCells = s.winning;
     s.jackpot = s.totalpaid >= Currency::fromWhole(8000) * creditsperline;

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <vector>
@@ -39,7 +40,9 @@ std::optional<EmfPicture> EmfPicture::load(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxFileBytes)
         return std::nullopt;
-    const QByteArray bytes = file.read(kMaxFileBytes + 1);
+    // Read what the file holds (a file that grows meanwhile is cut at the
+    // limit); asking for the limit itself would allocate it all up front.
+    const QByteArray bytes = file.read(std::min<qint64>(file.size(), kMaxFileBytes) + 1);
     if (bytes.size() > kMaxFileBytes)
         return std::nullopt;
     return fromBytes(bytes);
