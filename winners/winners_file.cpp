@@ -289,6 +289,10 @@ Saved save(const Table& table, const std::string& path, const Writer& writer)
         ::close(in);
     }
 
+    // A table the player made read-only is left as it is.
+    if (had_old && ::access(target.c_str(), W_OK) != 0)
+        return {false, describe("cannot write", target, errno)};
+
     const std::string temp = target + ".tmp";
     const int out = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (out < 0) return {false, describe("cannot create", temp, errno)};
