@@ -27,8 +27,9 @@ QByteArray goodPicture()
 
 quint32 word(const QByteArray& b, qsizetype at)
 {
-    quint32 v;
-    std::memcpy(&v, b.constData() + at, 4);
+    quint32 v = 0;
+    if (at >= 0 && at + 4 <= b.size())
+        std::memcpy(&v, b.constData() + at, 4);
     return v;
 }
 
