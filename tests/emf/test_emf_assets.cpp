@@ -119,7 +119,7 @@ private slots:
     {
         for (int lines : {1, 3, 5, 7, 9}) {
             const QImage button(asset(QString::number(lines) + ".jpg"));
-            QCOMPARE(button.size(), QSize(52, 40));
+            QCOMPARE(button.size(), QSize(104, 80));  // 52 x 40 on the button, stored at 2x
         }
         for (int size : {32, 48, 64, 128, 256}) {
             const QImage icon(asset(QString("reelmoor-%1.png").arg(size)));

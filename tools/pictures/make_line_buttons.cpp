@@ -8,9 +8,11 @@ namespace pictures {
 
 namespace {
 
-// The picture sits above the caption on a 61 x 65 button.
+// The picture sits above the caption on a 61 x 65 button: 52 x 40 logical
+// pixels, stored at twice that so it stays sharp on a HiDPI screen.
 constexpr int kWidth = 52;
 constexpr int kHeight = 40;
+constexpr int kStored = 2;
 
 // Rows (0 top, 1 middle, 2 bottom) each pay line passes, left to right.
 constexpr int kLineRows[9][5] = {
@@ -27,10 +29,11 @@ const QColor kLineColours[9] = {
 
 QImage linesPicture(int lines)
 {
-    QImage image(kWidth, kHeight, QImage::Format_RGB32);
+    QImage image(kWidth * kStored, kHeight * kStored, QImage::Format_RGB32);
     image.fill(Qt::black);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
+    p.scale(kStored, kStored);
 
     // Five white reel strips on black, three cells each, as on the machine.
     const double cellW = 9, cellH = 11.5, gap = 1.25;
