@@ -19,19 +19,15 @@
 #include <QPointer>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace {
 // A table everyone beats, and a tail another version of the game left.
 QByteArray lowTable()
 {
     QByteArray bytes;
-    for (int i = 0; i < 10; ++i) {
-        QByteArray r = QByteArray("LOW") + QByteArray::number(i);
-        r = r.leftJustified(20, ' ');
-        const qint32 credits = 1000 - 100 * i;
-        for (int b = 0; b < 4; ++b)
-            r.append(char((quint32(credits) >> (8 * b)) & 0xFF));
-        bytes += r;
-    }
+    for (int i = 0; i < 10; ++i)
+        bytes += record("LOW" + QByteArray::number(i), 1000 - 100 * i);
     return bytes + "tail bytes";
 }
 
@@ -78,7 +74,7 @@ class TestPlayerInput : public QObject {
         QTest::keyClick(deck->row(0), Qt::Key_Return);
         QVERIFY(deck->ended());
         deck->close();
-        const QByteArray after = damage::readAll("name.dat");
+        const QByteArray after = readFile("name.dat");
         QCOMPARE(after.size(), before.size());
         QCOMPARE(after.mid(24), before.mid(24));
         QCOMPARE(winners::decode(std::span(reinterpret_cast<const unsigned char*>(after.constData()), 24))[0].credits,
@@ -95,18 +91,14 @@ private slots:
         creditsdeck::hooks().tellPlayer = [](QWidget*, const QString& text) { QFAIL(qPrintable(text)); };
     }
 
+    // How each kind of text reads: rules_settlement_test; here, that the window
+    // reads its box that way and writes back what it plays with.
     void aBankTextIsReadAsANumberOrAsNothing_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<qint64>("readAs");
         QTest::newRow("letters") << "lots" << qint64(0);
-        QTest::newRow("empty") << "" << qint64(0);
         QTest::newRow("negative") << "-500" << qint64(-500);
-        QTest::newRow("decimal") << "12.5" << qint64(12);
-        QTest::newRow("decimal above a half") << "12.51" << qint64(13);
-        QTest::newRow("blanks around") << "  77 " << qint64(77);
-        QTest::newRow("exponent") << "1e9" << qint64(0);
-        QTest::newRow("separators") << "2,500" << qint64(0);
         QTest::newRow("huge") << QString(40, '9') << qint64(Currency::kMaxWhole);
         QTest::newRow("as long as the box takes") << QString(32767, '7') << qint64(Currency::kMaxWhole);
         QTest::newRow("huge negative") << "-" + QString(30, '9') << qint64(-Currency::kMaxWhole);
@@ -123,7 +115,8 @@ private slots:
         QVERIFY(plainAmount(w->Text3));
         QVERIFY(plainAmount(w->Text1));
         QVERIFY(plainAmount(w->Text5));
-        Currency bank = Currency::fromWhole(readAs) - Currency::fromWhole(1) + shown(w->Text1);
+        Currency bank = std::min(Currency::fromWhole(readAs) - Currency::fromWhole(1) + shown(w->Text1),
+                                 Currency::fromWhole(Currency::kMaxWhole));  // the bank stays whole at the top
         if (bank <= Currency())
             bank = Currency::fromWhole(kStartingBank);
         QCOMPARE(w->Text3->text().toStdString(), bank.text());
@@ -137,7 +130,7 @@ private slots:
     // largest bank still fits the boxes and the table of winners.
     void creditsTimesTenToItsEnd()
     {
-        QVERIFY(damage::writeAll("name.dat", lowTable()));
+        QVERIFY(writeFile("name.dat", lowTable()));
         auto w = open();
         QVERIFY(QTest::qWaitForWindowActive(w.get()));
         for (int i = 0; i < 12; ++i)
@@ -178,7 +171,7 @@ private slots:
         int rolling = 0;
         int flashing = 0;
         for (int delay = 0; delay <= 600; delay += 40) {
-            QVERIFY(damage::writeAll("name.dat", lowTable()));
+            QVERIFY(writeFile("name.dat", lowTable()));
             auto* w = new slot_machine;
             rnd::seed(quint32(delay));
             // Two figures a reel: wins, flashes and jackpots come often.
