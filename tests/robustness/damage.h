@@ -2,6 +2,8 @@
 // Damaged copies of the game's files for the robustness tests: a working
 // folder stocked with the game's pictures and sounds, and the ways a file
 // can come to it broken.
+#include "tests/winners/file_bytes.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
@@ -35,18 +37,6 @@ inline QByteArray randomBytes(int size, quint32 seed)
     return bytes;
 }
 
-inline QByteArray readAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-inline bool writeAll(const QString& path, const QByteArray& bytes)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
-}
-
 // A fresh folder holding every picture and sound of the game.
 inline bool stock(const QString& dir)
 {
@@ -66,15 +56,15 @@ inline bool stock(const QString& dir)
 inline bool apply(const QString& dir, const QString& file, Kind kind)
 {
     const QString path = dir + "/" + file;
-    const QByteArray whole = readAll(path);
+    const QByteArray whole = readFile(path);
     QFile::remove(path);
     switch (kind) {
     case Kind::missing: return true;
-    case Kind::empty: return writeAll(path, {});
-    case Kind::truncated: return writeAll(path, whole.left(whole.size() / 2));
-    case Kind::randomBytes: return writeAll(path, randomBytes(qMax(64, int(whole.size())), qHash(file)));
+    case Kind::empty: return writeFile(path, {});
+    case Kind::truncated: return writeFile(path, whole.left(whole.size() / 2));
+    case Kind::randomBytes: return writeFile(path, randomBytes(qMax(64, int(whole.size())), qHash(file)));
     case Kind::oversized: {
-        if (!writeAll(path, whole))
+        if (!writeFile(path, whole))
             return false;
         QFile f(path);
         return f.open(QIODevice::ReadWrite) && f.resize(whole.size() + 48LL * 1024 * 1024);

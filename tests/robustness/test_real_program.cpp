@@ -80,7 +80,7 @@ private slots:
                 QVERIFY(damage::apply(run.dir, file, kind));
             run.winners = c.winners;
             if (!run.winners.isEmpty())
-                QVERIFY(damage::writeAll(run.dir + "/name.dat", run.winners));
+                QVERIFY(writeFile(run.dir + "/name.dat", run.winners));
             run.process = std::make_unique<QProcess>();
             run.process->setWorkingDirectory(run.dir);
             run.process->setProcessEnvironment(gameEnvironment());
@@ -102,7 +102,7 @@ private slots:
             if (run.winners.isEmpty())
                 QVERIFY2(!QFile::exists(run.dir + "/name.dat"), qPrintable(run.name));
             else
-                QCOMPARE(damage::readAll(run.dir + "/name.dat"), run.winners);
+                QCOMPARE(readFile(run.dir + "/name.dat"), run.winners);
             QDir(run.dir).removeRecursively();
         }
     }

@@ -75,9 +75,9 @@ private slots:
     {
         for (int size = 0; size <= 300; ++size) {
             const QByteArray before = damage::randomBytes(size, quint32(size));
-            QVERIFY(damage::writeAll("name.dat", before));
+            QVERIFY(writeFile("name.dat", before));
             takeTheFirstRow();
-            const QByteArray after = damage::readAll("name.dat");
+            const QByteArray after = readFile("name.dat");
             QCOMPARE(after.size(), qMax(size, 240));
             QVERIFY(after.startsWith("ME "));
             const winners::Table t =
@@ -99,10 +99,10 @@ private slots:
             QVERIFY(runAsNobody("aReadOnlyFile"));
         else {
             const QByteArray before = damage::randomBytes(260, 1);
-            QVERIFY(damage::writeAll("name.dat", before));
+            QVERIFY(writeFile("name.dat", before));
             QVERIFY(QFile::setPermissions("name.dat", QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
             takeTheFirstRow();
-            QCOMPARE(damage::readAll("name.dat"), before);
+            QCOMPARE(readFile("name.dat"), before);
             QVERIFY(!QFileInfo("name.dat").isWritable());
             QVERIFY(!QFile::exists("name.dat.tmp"));
             QCOMPARE(ends, QList<bool>{false});
@@ -124,12 +124,12 @@ private slots:
                 ::chmod(".", 0700);
                 QFile::remove("name.dat");
                 const QByteArray before = damage::randomBytes(240, 2);
-                QVERIFY(damage::writeAll("name.dat", before));
+                QVERIFY(writeFile("name.dat", before));
                 if (fileToo)
                     QVERIFY(QFile::setPermissions("name.dat", QFile::ReadOwner));
                 QCOMPARE(::chmod(".", 0500), 0);
                 takeTheFirstRow();
-                QCOMPARE(damage::readAll("name.dat"), before);
+                QCOMPARE(readFile("name.dat"), before);
                 QCOMPARE(ends, QList<bool>{false});
                 QCOMPARE(messages.size(), 1);
                 QVERIFY2(messages[0].contains("name.dat"), qPrintable(messages[0]));
