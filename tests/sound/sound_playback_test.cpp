@@ -37,217 +37,203 @@ class SoundPlaybackTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void fileIsPlayedOnce();
-    void playCountRepeatsTheFile();
-    void emptyNameStopsTheLoop();
-    void newFileReplacesTheOld();
-    void beepsOverlap();
-    void beepsLeaveThePlayerAlone();
-    void emptyWaveSoundPlaysNothing();
-    void noDeviceIsSilentAndSaysSoOnce();
-    void ctrlCStillEndsTheProgram();
-    void quittingWhileASoundPlays();
-};
-
-void SoundPlaybackTest::initTestCase()
-{
-    // The player made before the device opens lives until after the device
-    // has been closed at exit; it must not trip over that.
-    static MediaPlayer madeBeforeTheDevice;
-    Q_UNUSED(madeBeforeTheDevice);
-
-    const QDir assets(qEnvironmentVariable("REELMOOR_ASSETS"));
-    for (const char* name : {"clink.wav", "chimes.wav", "clunk.wav", "jackpot.wav"}) {
-        QFile::remove(name);
-        QVERIFY2(QFile::copy(assets.filePath(name), name), name);
-    }
-    qputenv("SDL_AUDIODRIVER", "disk");
-    qputenv("SDL_DISKAUDIODELAY", "1");  // milliseconds per 1024 frames: ~20 times real time
-}
-
-void SoundPlaybackTest::fileIsPlayedOnce()
-{
-    startCapture("chimes.raw");
-    MediaPlayer player;
-    player.setPlayCount(1);
-    player.setFileName("chimes.wav");
-    QVERIFY(player.playing());
-    QVERIFY(waitUntilQuiet(player));
-    const Capture capture = finishCapture();
-    QVERIFY(capture.peak() > 10000);
-    QVERIFY(capture.holdsExactly(asset("chimes.wav"), 1));
-}
-
-void SoundPlaybackTest::playCountRepeatsTheFile()
-{
-    startCapture("clunk.raw");
-    MediaPlayer player;
-    player.setPlayCount(3);
-    player.setFileName("clunk.wav");
-    QVERIFY(waitUntilQuiet(player));
-    const Capture capture = finishCapture();
-    QVERIFY(capture.holdsExactly(asset("clunk.wav"), 3));
-    QVERIFY(!capture.holdsExactly(asset("clunk.wav"), 2));
-}
-
-void SoundPlaybackTest::emptyNameStopsTheLoop()
-{
-    startCapture("clink.raw");
-    MediaPlayer player;
-    player.setPosition(0);
-    player.setPlayCount(100000);
-    player.setFileName("clink.wav");
-    waitForMoreAudio(3 * 44100);  // a few seconds of rolling
-    QVERIFY(player.playing());
-    player.setFileName("");
-    QVERIFY(!player.playing());
-    QCOMPARE(player.fileName(), std::string());
-    const Capture capture = finishCapture();
-
-    const long rolled = capture.lastSoundFrame() - capture.firstSoundFrame();
-    QVERIFY2(rolled > 2 * 44100, "the clink kept repeating");
-    QVERIFY2(capture.frames() - std::size_t(capture.lastSoundFrame()) > 4096, "silence after the stop");
-}
-
-void SoundPlaybackTest::newFileReplacesTheOld()
-{
-    startCapture("replace.raw");
-    MediaPlayer player;
-    player.setPlayCount(100000);
-    player.setFileName("clink.wav");
-    waitForMoreAudio();
-    player.setPlayCount(1);
-    player.setFileName("jackpot.wav");
-    QVERIFY(waitUntilQuiet(player));
-    waitForMoreAudio();
-    QVERIFY2(!player.playing(), "the clink does not come back");
-
-    player.setPlayCount(100000);
-    player.setFileName("clink.wav");
-    player.setFileName("no such sound.wav");  // stops the old one and plays nothing
-    QVERIFY(!player.playing());
-    QCOMPARE(player.fileName(), std::string("no such sound.wav"));
-    const Capture capture = finishCapture();
-    QVERIFY(capture.frames() - std::size_t(capture.lastSoundFrame()) > 4096);
-}
-
-void SoundPlaybackTest::beepsOverlap()
-{
-    const wav::Sound beep = sound::beepTone();
-    int beepPeak = 0;
-    for (auto s : beep.samples)
-        beepPeak = std::max(beepPeak, std::abs(int(s)));
-
-    startCapture("beeps.raw");
-    sound::audioReady();
-    for (int i = 0; i < 3; ++i)  // in the same few microseconds: heard together
-        systemBeep();
-    const Capture capture = finishCapture();
-    QVERIFY2(capture.peak() > beepPeak * 18 / 10, "beeps sound together, none cuts off another");
-    const long heard = capture.lastSoundFrame() - capture.firstSoundFrame();
-    QVERIFY(heard > long(beep.frames()) / 2 && heard < 3 * long(beep.frames()));
-}
-
-void SoundPlaybackTest::beepsLeaveThePlayerAlone()
-{
-    startCapture("clink-and-beeps.raw");
-    MediaPlayer player;
-    player.setPlayCount(100000);
-    player.setFileName("clink.wav");
-    for (int i = 0; i < 40; ++i) {  // a long flashing win: beeps more than the channels
-        systemBeep();
-        QVERIFY(player.playing());
-    }
-    waitForMoreAudio();
-    QVERIFY(player.playing());
-    player.setFileName("");
-    const Capture capture = finishCapture();
-    QVERIFY(capture.peak() > 0);
-}
-
-void SoundPlaybackTest::emptyWaveSoundPlaysNothing()
-{
-    startCapture("nothing.raw");
-    sound::audioReady();
-    for (int i = 0; i < 50; ++i) {
-        QCOMPARE(sndPlaySoundA("", 0), 0);
-        QCOMPARE(sndPlaySoundA(nullptr, 0), 0);
-    }
-    const Capture capture = finishCapture();
-    QVERIFY(capture.frames() > 0);
-    QCOMPARE(capture.firstSoundFrame(), -1L);
-
-    startCapture("named.raw");
-    QCOMPARE(sndPlaySoundA("clunk.wav", 0), 1);
-    QCOMPARE(sndPlaySoundA("no such sound.wav", 0), 0);
-    waitForMoreAudio(44100);
-    QVERIFY(finishCapture().holdsExactly(asset("clunk.wav"), 1));
-}
-
-void SoundPlaybackTest::noDeviceIsSilentAndSaysSoOnce()
-{
-    sound::closeAudio();
-    qputenv("SDL_AUDIODRIVER", "no-such-driver");
-
-    QTemporaryFile log;
-    QVERIFY(log.open());
-    std::fflush(stderr);
-    const int savedStderr = dup(STDERR_FILENO);
-    dup2(log.handle(), STDERR_FILENO);
+    void initTestCase()
     {
-        MediaPlayer player;
-        for (int round = 0; round < 2; ++round) {
-            player.setPlayCount(3);
-            player.setFileName("clunk.wav");
-            QVERIFY(!player.playing());
-            systemBeep();
-            QCOMPARE(sndPlaySoundA("", 0), 0);
-            QCOMPARE(sndPlaySoundA("chimes.wav", 0), 0);
-            player.setFileName("");
-            sound::closeAudio();  // tried again: still no device, no second message
+        // The player made before the device opens lives until after the device
+        // has been closed at exit; it must not trip over that.
+        static MediaPlayer madeBeforeTheDevice;
+        Q_UNUSED(madeBeforeTheDevice);
+
+        const QDir assets(qEnvironmentVariable("REELMOOR_ASSETS"));
+        for (const char* name : {"clink.wav", "chimes.wav", "clunk.wav", "jackpot.wav"}) {
+            QFile::remove(name);
+            QVERIFY2(QFile::copy(assets.filePath(name), name), name);
         }
-        QCOMPARE(player.fileName(), std::string());
+        qputenv("SDL_AUDIODRIVER", "disk");
+        qputenv("SDL_DISKAUDIODELAY", "1");  // milliseconds per 1024 frames: ~20 times real time
     }
-    std::fflush(stderr);
-    dup2(savedStderr, STDERR_FILENO);
-    close(savedStderr);
 
-    QVERIFY(!sound::audioReady());
-    const QByteArray said = log.readAll();
-    QVERIFY2(said.count('\n') <= 1, said.constData());
-    qputenv("SDL_AUDIODRIVER", "disk");
-    sound::closeAudio();
-}
+    void fileIsPlayedItsCount_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("count");
+        QTest::newRow("once") << "chimes.wav" << 1;
+        QTest::newRow("three times") << "clunk.wav" << 3;
+    }
+    void fileIsPlayedItsCount()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, count);
+        startCapture(file + ".raw");
+        MediaPlayer player;
+        player.setPlayCount(count);
+        player.setFileName(file.toStdString());
+        QVERIFY(player.playing());
+        QVERIFY(waitUntilQuiet(player));
+        const Capture capture = finishCapture();
+        QVERIFY(capture.peak() > 10000);
+        const wav::Sound sound = asset(qPrintable(file));
+        QVERIFY(capture.holdsExactly(sound, count));
+    }
 
-void SoundPlaybackTest::ctrlCStillEndsTheProgram()
-{
-    // As in the game, the signals have their default actions (the test
-    // library puts in handlers of its own, which are set aside meanwhile).
-    struct sigaction defaults {}, testInterrupt {}, testTerminate {};
-    defaults.sa_handler = SIG_DFL;
-    sound::closeAudio();
-    sigaction(SIGINT, &defaults, &testInterrupt);
-    sigaction(SIGTERM, &defaults, &testTerminate);
-    const bool opened = sound::audioReady();
-    struct sigaction onInterrupt {}, onTerminate {};
-    sigaction(SIGINT, &testInterrupt, &onInterrupt);
-    sigaction(SIGTERM, &testTerminate, &onTerminate);
-    QVERIFY(opened);
-    QVERIFY2(onInterrupt.sa_handler == SIG_DFL && onTerminate.sa_handler == SIG_DFL,
-             "opening the device leaves Ctrl+C and SIGTERM alone");
-}
+    void emptyNameStopsTheLoop()
+    {
+        startCapture("clink.raw");
+        MediaPlayer player;
+        player.setPosition(0);
+        player.setPlayCount(100000);
+        player.setFileName("clink.wav");
+        waitForMoreAudio(3 * 44100);  // a few seconds of rolling
+        QVERIFY(player.playing());
+        player.setFileName("");
+        QVERIFY(!player.playing());
+        QCOMPARE(player.fileName(), std::string());
+        const Capture capture = finishCapture();
 
-void SoundPlaybackTest::quittingWhileASoundPlays()
-{
-    // Left playing: the program ends with the device busy.
-    static MediaPlayer stillRolling;
-    startCapture("at-exit.raw");
-    stillRolling.setPlayCount(100000);
-    stillRolling.setFileName("clink.wav");
-    systemBeep();
-    QVERIFY(stillRolling.playing());
-}
+        const long rolled = capture.lastSoundFrame() - capture.firstSoundFrame();
+        QVERIFY2(rolled > 2 * 44100, "the clink kept repeating");
+        QVERIFY2(capture.frames() - std::size_t(capture.lastSoundFrame()) > 4096, "silence after the stop");
+    }
+
+    void newFileReplacesTheOld()
+    {
+        startCapture("replace.raw");
+        MediaPlayer player;
+        player.setPlayCount(100000);
+        player.setFileName("clink.wav");
+        waitForMoreAudio();
+        player.setPlayCount(1);
+        player.setFileName("jackpot.wav");
+        QVERIFY(waitUntilQuiet(player));
+        waitForMoreAudio();
+        QVERIFY2(!player.playing(), "the clink does not come back");
+
+        player.setPlayCount(100000);
+        player.setFileName("clink.wav");
+        player.setFileName("no such sound.wav");  // stops the old one and plays nothing
+        QVERIFY(!player.playing());
+        QCOMPARE(player.fileName(), std::string("no such sound.wav"));
+        const Capture capture = finishCapture();
+        QVERIFY(capture.frames() - std::size_t(capture.lastSoundFrame()) > 4096);
+    }
+
+    void beepsOverlap()
+    {
+        const wav::Sound beep = sound::beepTone();
+        int beepPeak = 0;
+        for (auto s : beep.samples)
+            beepPeak = std::max(beepPeak, std::abs(int(s)));
+
+        startCapture("beeps.raw");
+        sound::audioReady();
+        for (int i = 0; i < 3; ++i)  // in the same few microseconds: heard together
+            systemBeep();
+        const Capture capture = finishCapture();
+        QVERIFY2(capture.peak() > beepPeak * 18 / 10, "beeps sound together, none cuts off another");
+        const long heard = capture.lastSoundFrame() - capture.firstSoundFrame();
+        QVERIFY(heard > long(beep.frames()) / 2 && heard < 3 * long(beep.frames()));
+    }
+
+    void beepsLeaveThePlayerAlone()
+    {
+        startCapture("clink-and-beeps.raw");
+        MediaPlayer player;
+        player.setPlayCount(100000);
+        player.setFileName("clink.wav");
+        for (int i = 0; i < 40; ++i) {  // a long flashing win: beeps more than the channels
+            systemBeep();
+            QVERIFY(player.playing());
+        }
+        waitForMoreAudio();
+        QVERIFY(player.playing());
+        player.setFileName("");
+        const Capture capture = finishCapture();
+        QVERIFY(capture.peak() > 0);
+    }
+
+    void emptyWaveSoundPlaysNothing()
+    {
+        startCapture("nothing.raw");
+        sound::audioReady();
+        for (int i = 0; i < 50; ++i) {
+            QCOMPARE(sndPlaySoundA("", 0), 0);
+            QCOMPARE(sndPlaySoundA(nullptr, 0), 0);
+        }
+        const Capture capture = finishCapture();
+        QVERIFY(capture.frames() > 0);
+        QCOMPARE(capture.firstSoundFrame(), -1L);
+
+        startCapture("named.raw");
+        QCOMPARE(sndPlaySoundA("clunk.wav", 0), 1);
+        QCOMPARE(sndPlaySoundA("no such sound.wav", 0), 0);
+        waitForMoreAudio(44100);
+        QVERIFY(finishCapture().holdsExactly(asset("clunk.wav"), 1));
+    }
+
+    void noDeviceIsSilentAndSaysSoOnce()
+    {
+        sound::closeAudio();
+        qputenv("SDL_AUDIODRIVER", "no-such-driver");
+
+        QTemporaryFile log;
+        QVERIFY(log.open());
+        std::fflush(stderr);
+        const int savedStderr = dup(STDERR_FILENO);
+        dup2(log.handle(), STDERR_FILENO);
+        {
+            MediaPlayer player;
+            for (int round = 0; round < 2; ++round) {
+                player.setPlayCount(3);
+                player.setFileName("clunk.wav");
+                QVERIFY(!player.playing());
+                systemBeep();
+                QCOMPARE(sndPlaySoundA("", 0), 0);
+                QCOMPARE(sndPlaySoundA("chimes.wav", 0), 0);
+                player.setFileName("");
+                sound::closeAudio();  // tried again: still no device, no second message
+            }
+            QCOMPARE(player.fileName(), std::string());
+        }
+        std::fflush(stderr);
+        dup2(savedStderr, STDERR_FILENO);
+        close(savedStderr);
+
+        QVERIFY(!sound::audioReady());
+        const QByteArray said = log.readAll();
+        QVERIFY2(said.count('\n') <= 1, said.constData());
+        qputenv("SDL_AUDIODRIVER", "disk");
+        sound::closeAudio();
+    }
+
+    void ctrlCStillEndsTheProgram()
+    {
+        // As in the game, the signals have their default actions (the test
+        // library puts in handlers of its own, which are set aside meanwhile).
+        struct sigaction defaults {}, testInterrupt {}, testTerminate {};
+        defaults.sa_handler = SIG_DFL;
+        sound::closeAudio();
+        sigaction(SIGINT, &defaults, &testInterrupt);
+        sigaction(SIGTERM, &defaults, &testTerminate);
+        const bool opened = sound::audioReady();
+        struct sigaction onInterrupt {}, onTerminate {};
+        sigaction(SIGINT, &testInterrupt, &onInterrupt);
+        sigaction(SIGTERM, &testTerminate, &onTerminate);
+        QVERIFY(opened);
+        QVERIFY2(onInterrupt.sa_handler == SIG_DFL && onTerminate.sa_handler == SIG_DFL,
+                 "opening the device leaves Ctrl+C and SIGTERM alone");
+    }
+
+    void quittingWhileASoundPlays()
+    {
+        // Left playing: the program ends with the device busy.
+        static MediaPlayer stillRolling;
+        startCapture("at-exit.raw");
+        stillRolling.setPlayCount(100000);
+        stillRolling.setFileName("clink.wav");
+        systemBeep();
+        QVERIFY(stillRolling.playing());
+    }
+};
 
 QTEST_GUILESS_MAIN(SoundPlaybackTest)
 #include "sound_playback_test.moc"
