@@ -100,6 +100,20 @@ double distanceToSegment(QPointF p, const Segment& s)
     return std::hypot(p.x() - nearest.x(), p.y() - nearest.y());
 }
 
+// Rows white from edge to edge at the bottom of the image.
+int blankRowsAtTheBottom(const QImage& image)
+{
+    const QImage f = image.convertToFormat(QImage::Format_RGB32);
+    int blank = 0;
+    for (int y = f.height() - 1; y >= 0; --y) {
+        for (int x = 0; x < f.width(); ++x)
+            if (f.pixel(x, y) != qRgb(255, 255, 255))
+                return blank;
+        ++blank;
+    }
+    return blank;
+}
+
 QImage loaded(const QString& file)
 {
     QImage image(file);
@@ -260,27 +274,8 @@ private slots:
             QVERIFY2(measure::worst(rows) < 48, qPrintable(QStringLiteral("frame %1").arg(m)));
             QVERIFY(measure::mean(rows) < 8);
 
-            // Device rows that are white from edge to edge, at the bottom.
-            const QImage f = frame.convertToFormat(QImage::Format_RGB32);
-            int blank = 0;
-            for (int y = f.height() - 1; y >= 0; --y) {
-                bool white = true;
-                for (int x = 0; x < f.width() && white; ++x)
-                    white = f.pixel(x, y) == qRgb(255, 255, 255);
-                if (!white)
-                    break;
-                ++blank;
-            }
-            const QImage o = loaded(ref + QStringLiteral("/frame%1.png").arg(m)).convertToFormat(QImage::Format_RGB32);
-            int blankAtOne = 0;
-            for (int y = o.height() - 1; y >= 0; --y) {
-                bool white = true;
-                for (int x = 0; x < o.width() && white; ++x)
-                    white = o.pixel(x, y) == qRgb(255, 255, 255);
-                if (!white)
-                    break;
-                ++blankAtOne;
-            }
+            const int blank = blankRowsAtTheBottom(frame);
+            const int blankAtOne = blankRowsAtTheBottom(loaded(ref + QStringLiteral("/frame%1.png").arg(m)));
             // A fractional scale may leave half a device row more.
             QVERIFY2(std::abs(blank - blankAtOne * scale) <= 1.5,
                      qPrintable(QStringLiteral("frame %1: %2 blank device rows at the bottom, %3 at scale 1")
