@@ -113,6 +113,16 @@ void Player::shape(const QPainterPath& devicePath, bool fill, bool stroke)
     addOp(devicePath, fill, stroke);
 }
 
+void Player::openShape(const QPainterPath& devicePath)
+{
+    if (inPath_) {
+        path_.addPath(devicePath);
+        figureOpen_ = true;
+        return;
+    }
+    addOp(devicePath, false, true);
+}
+
 void Player::addOp(QPainterPath path, bool fill, bool stroke)
 {
     const QRectF box = path.controlPointRect();

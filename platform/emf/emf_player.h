@@ -30,6 +30,9 @@ private:
 
     // Shapes, in device pixels: into the path being recorded, or drawn.
     void shape(const QPainterPath& devicePath, bool fill, bool stroke);
+    // An open figure (polyline, Bézier, arc): joins the path and stays open
+    // for what follows, or is stroked.
+    void openShape(const QPainterPath& devicePath);
     void addOp(QPainterPath path, bool fill, bool stroke);
     QPainterPath& figureFromPosition(QPainterPath& scratch);
     void finishOpenFigure(const QPainterPath& scratch);

@@ -32,12 +32,7 @@ void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
             return;
         QPainterPath path;
         path.addPolygon(QPolygonF(QList<QPointF>(pts.begin(), pts.end())));
-        if (inPath_) {
-            path_.addPath(path);
-            figureOpen_ = true;
-        } else {
-            addOp(path, false, true);
-        }
+        openShape(path);
         return;
     }
     case U_EMR_POLYBEZIER: {
@@ -46,12 +41,7 @@ void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
         QPainterPath path(pts[0]);
         for (std::size_t i = 1; i + 2 < pts.size(); i += 3)
             path.cubicTo(pts[i], pts[i + 1], pts[i + 2]);
-        if (inPath_) {
-            path_.addPath(path);
-            figureOpen_ = true;
-        } else {
-            addOp(path, false, true);
-        }
+        openShape(path);
         return;
     }
     case U_EMR_POLYLINETO: {
@@ -176,12 +166,7 @@ void Player::arcRecord(std::uint32_t type, const char* rec)
     switch (type) {
     case U_EMR_ARC: {
         const QPainterPath arc = t.map(arcFigure(box, start, end, ArcKind::Open, cw));
-        if (inPath_) {
-            path_.addPath(arc);
-            figureOpen_ = true;
-        } else {
-            addOp(arc, false, true);
-        }
+        openShape(arc);
         return;
     }
     case U_EMR_CHORD:
