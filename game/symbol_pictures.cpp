@@ -72,14 +72,14 @@ void slot_machine::buildFramePictures()
     for (int j = 0; j < symbols; ++j) {
         const int n = (j + 1 > slot::maxsymbol) ? 0 : j + 1;
         Image2.push_back(Pic1arr[j]);
+        // Composed in device pixels; each finished frame takes the ratio back.
+        QImage next = Pic1arr[n];
+        QImage self = Pic1arr[j];
+        next.setDevicePixelRatio(1.0);
+        self.setDevicePixelRatio(1.0);
         for (int m = 1; m < kFrames; ++m) {
             QImage frame(width, width, QImage::Format_ARGB32_Premultiplied);
             frame.fill(Qt::white);
-            // Composed in device pixels; the finished frame takes the ratio back.
-            QImage next = Pic1arr[n];
-            QImage self = Pic1arr[j];
-            next.setDevicePixelRatio(1.0);
-            self.setDevicePixelRatio(1.0);
             QPainter painter(&frame);
             painter.drawImage(QPoint(0, 0), next, QRect(0, device(offsets[kFrames - m]), width, device(offsets[m])));
             painter.drawImage(QPoint(0, device(offsets[m])), self, QRect(0, 0, width, device(offsets[kFrames - m])));
