@@ -1,11 +1,11 @@
 #pragma once
-// What the main window's tests share: a working folder holding the game's
-// pictures (all of them, or only some), fast pacing, and a ready window.
+// What the main window's tests share: the files a folder is stocked with,
+// fast pacing, and a ready window.
 #include "game/slot_machine.h"
 #include "platform/pacing.h"
+#include "tests/support/asset_folder.h"
 
 #include <QDir>
-#include <QFile>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
@@ -13,16 +13,6 @@
 #include <memory>
 
 namespace fixture {
-
-// Copies the named files from the game's assets into dir (created fresh).
-inline void stock(const QString& dir, const QStringList& files)
-{
-    QDir(dir).removeRecursively();
-    QDir().mkpath(dir);
-    const QString assets = qEnvironmentVariable("REELMOOR_ASSETS");
-    for (const QString& f : files)
-        QFile::copy(assets + "/" + f, dir + "/" + f);
-}
 
 inline QStringList lineButtonPictures() { return {"1.jpg", "3.jpg", "5.jpg", "7.jpg", "9.jpg"}; }
 
@@ -32,11 +22,6 @@ inline QStringList symbols(int count)
     for (int i = 0; i < count; ++i)
         files << QString::number(i) + ".emf";
     return files;
-}
-
-inline QStringList everything()
-{
-    return QDir(qEnvironmentVariable("REELMOOR_ASSETS")).entryList(QDir::Files);
 }
 
 // Runs fn with dir as the working directory.

@@ -25,7 +25,7 @@ class TestOpening : public QObject {
     }
 
 private slots:
-    void initTestCase() { fixture::stock("all", fixture::everything()); }
+    void initTestCase() { stockFolder("all"); }
 
     void opensInItsFirstPlayableState()
     {
@@ -131,7 +131,7 @@ private slots:
     void symbolsInPlayEndAtTheFirstMissingPicture()
     {
         QStringList files = fixture::lineButtonPictures() + fixture::symbols(5);
-        fixture::stock("five", files);
+        stockFolder("five", files);
         {
             auto w = open("five");
             QCOMPARE(slot::maxsymbol, 4);
@@ -147,7 +147,7 @@ private slots:
         }
         // Damaged later symbols, in every way: robustness/test_damaged_files.
         // A single symbol: every cell shows it, and every frame is it rolling into itself.
-        fixture::stock("one", fixture::lineButtonPictures() + fixture::symbols(1));
+        stockFolder("one", fixture::lineButtonPictures() + fixture::symbols(1));
         auto w = open("one");
         QCOMPARE(slot::maxsymbol, 0);
         QCOMPARE(int(w->Image2.size()), 12);

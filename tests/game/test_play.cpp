@@ -69,7 +69,7 @@ class TestPlay : public QObject {
 private slots:
     void initTestCase()
     {
-        fixture::stock("all", fixture::everything());
+        stockFolder("all");
         fixture::fastPacing();
         creditsdeck::hooks().endProgram = [](bool) {};
     }

@@ -3,13 +3,12 @@
 // changes them, and no two controls share one.
 #include "game/slot_machine.h"
 #include "platform/caption_button.h"
+#include "tests/support/asset_folder.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QLineEdit>
 #include <QSet>
 #include <QTest>
@@ -55,9 +54,8 @@ class TestAccessibleNames : public QObject {
 private slots:
     void initTestCase()
     {
-        const QString assets = qEnvironmentVariable("REELMOOR_ASSETS");
-        for (const QString& f : QDir(assets).entryList(QDir::Files))
-            QFile::copy(assets + "/" + f, f);
+        QVERIFY(stockFolder("all"));
+        QDir::setCurrent("all");
         w = std::make_unique<slot_machine>();
         QVERIFY(w->startupError().isEmpty());
     }

@@ -9,6 +9,7 @@
 #include "grab_measures.h"
 #include "platform/caption_button.h"
 #include "platform/pacing.h"
+#include "tests/support/asset_folder.h"
 
 #include <QApplication>
 #include <QDir>
@@ -159,10 +160,7 @@ private slots:
     void initTestCase()
     {
         scale = QString(HIDPI_SCALE).toDouble();
-        const QString assets = qEnvironmentVariable("REELMOOR_ASSETS");
-        QDir().mkpath("all");
-        for (const QString& f : QDir(assets).entryList(QDir::Files))
-            QFile::copy(assets + "/" + f, "all/" + f);
+        QVERIFY(stockFolder("all"));
         ref = QDir("reference").absolutePath();
         QDir(ref).removeRecursively();
         QDir().mkpath(ref);

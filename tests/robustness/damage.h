@@ -1,7 +1,6 @@
 #pragma once
-// Damaged copies of the game's files for the robustness tests: a working
-// folder stocked with the game's pictures and sounds, and the ways a file
-// can come to it broken.
+// The ways a file of the game can come to its folder broken.
+#include "tests/support/asset_folder.h"
 #include "tests/winners/file_bytes.h"
 
 #include <QByteArray>
@@ -35,20 +34,6 @@ inline QByteArray randomBytes(int size, quint32 seed)
     for (char& b : bytes)
         b = char(gen.bounded(256));
     return bytes;
-}
-
-// A fresh folder holding every picture and sound of the game.
-inline bool stock(const QString& dir)
-{
-    QDir(dir).removeRecursively();
-    if (!QDir().mkpath(dir))
-        return false;
-    const QString assets = qEnvironmentVariable("REELMOOR_ASSETS");
-    const QStringList files = QDir(assets).entryList(QDir::Files);
-    for (const QString& f : files)
-        if (!QFile::copy(assets + "/" + f, dir + "/" + f))
-            return false;
-    return !files.isEmpty();
 }
 
 // Breaks dir/file the given way. An oversized file is the whole file

@@ -92,7 +92,7 @@ private slots:
     {
         QFETCH(QString, file);
         QFETCH(damage::Kind, kind);
-        QVERIFY(damage::stock("game"));
+        QVERIFY(stockFolder("game"));
         QVERIFY(damage::apply("game", file, kind));
         slot_machine* w = start("game");
         const bool decodable = kind == damage::Kind::oversized || kind == damage::Kind::truncated;
@@ -119,7 +119,7 @@ private slots:
     void aBrokenLaterSymbolEndsTheSymbolsInPlay()
     {
         QFETCH(damage::Kind, kind);
-        QVERIFY(damage::stock("game"));
+        QVERIFY(stockFolder("game"));
         QVERIFY(damage::apply("game", "7.emf", kind));
         slot_machine* w = start("game");
         QVERIFY(w);
@@ -148,7 +148,7 @@ private slots:
     {
         QFETCH(QStringList, files);
         QFETCH(damage::Kind, kind);
-        QVERIFY(damage::stock("game"));
+        QVERIFY(stockFolder("game"));
         for (const QString& f : files)
             QVERIFY(damage::apply("game", f, kind));
         slot_machine* w = start("game");

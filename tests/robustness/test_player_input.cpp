@@ -85,7 +85,7 @@ private slots:
     void initTestCase()
     {
         fixture::fastPacing();
-        QVERIFY(damage::stock("game"));
+        QVERIFY(stockFolder("game"));
         QDir::setCurrent("game");  // where the game reads and writes its files
         creditsdeck::hooks().endProgram = [](bool) {};
         creditsdeck::hooks().tellPlayer = [](QWidget*, const QString& text) { QFAIL(qPrintable(text)); };

@@ -75,7 +75,7 @@ private slots:
             Run run;
             run.name = c.name;
             run.dir = QDir::current().absoluteFilePath(QString(c.name).replace(' ', '_'));
-            QVERIFY(damage::stock(run.dir));
+            QVERIFY(stockFolder(run.dir));
             for (const auto& [file, kind] : c.damage)
                 QVERIFY(damage::apply(run.dir, file, kind));
             run.winners = c.winners;
@@ -113,7 +113,7 @@ private slots:
     {
         for (const char* file : {"0.emf", "3.jpg"}) {
             const QString dir = QDir::current().absoluteFilePath("refused");
-            QVERIFY(damage::stock(dir));
+            QVERIFY(stockFolder(dir));
             QVERIFY(damage::apply(dir, file, damage::Kind::randomBytes));
             QProcess game;
             game.setWorkingDirectory(dir);

@@ -31,7 +31,7 @@ class TestSoak : public QObject {
 private slots:
     void threeHundredSpins()
     {
-        fixture::stock("all", fixture::everything());
+        stockFolder("all");
         pacing().passMs = 1;
         pacing().tickMs = 1;
         pacing().timerScale = 0.01;  // reels stop 20 to 60 ms after the click
