@@ -9,17 +9,13 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 
 namespace {
 
 QString capturePath;
-
-qint64 capturedBytes()
-{
-    return QFileInfo(capturePath).size();
-}
 
 }  // namespace
 
@@ -45,6 +41,23 @@ int Capture::peak() const
     for (auto s : samples)
         peak = std::max(peak, std::abs(int(s)));
     return peak;
+}
+
+double Capture::rms() const
+{
+    double sum = 0;
+    for (auto s : samples)
+        sum += double(s) * s;
+    return samples.empty() ? 0 : std::sqrt(sum / double(samples.size()));
+}
+
+Capture Capture::part(std::size_t from, std::size_t to) const
+{
+    Capture c;
+    to = std::min(to, frames());
+    if (from < to)
+        c.samples.assign(samples.begin() + long(2 * from), samples.begin() + long(2 * to));
+    return c;
 }
 
 bool Capture::holdsExactly(const wav::Sound& sound, int times) const
@@ -77,12 +90,17 @@ void startCapture(const QString& name)
     qputenv("SDL_DISKAUDIOFILE", capturePath.toLocal8Bit());
 }
 
+std::size_t capturedFrames()
+{
+    return std::size_t(QFileInfo(capturePath).size() / 4);
+}
+
 void waitForMoreAudio(std::size_t frames)
 {
-    const qint64 target = capturedBytes() + qint64(frames) * 4;
+    const std::size_t target = capturedFrames() + frames;
     QElapsedTimer clock;
     clock.start();
-    while (capturedBytes() < target && clock.elapsed() < 5000)
+    while (capturedFrames() < target && clock.elapsed() < 5000)
         QTest::qWait(2);
 }
 
@@ -90,6 +108,11 @@ Capture finishCapture()
 {
     waitForMoreAudio(8192);  // what was mixed last reaches the file
     sound::closeAudio();
+    return readCapture();
+}
+
+Capture readCapture()
+{
     Capture capture;
     QFile file(capturePath);
     if (file.open(QIODevice::ReadOnly)) {

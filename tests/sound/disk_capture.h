@@ -17,6 +17,9 @@ struct Capture {
     long firstSoundFrame() const;
     long lastSoundFrame() const;
     int peak() const;
+    double rms() const;
+    // Frames [from, to) of the capture.
+    Capture part(std::size_t from, std::size_t to) const;
     // True when, from its first sound on, the capture holds the mono sound
     // played `times` times in a row on both channels, and silence after.
     bool holdsExactly(const wav::Sound& sound, int times) const;
@@ -26,5 +29,8 @@ struct Capture {
 void startCapture(const QString& name);
 // Waits until the device has written at least `frames` more frames.
 void waitForMoreAudio(std::size_t frames = 8192);
+std::size_t capturedFrames();
+// What the device has written so far; it plays on.
+Capture readCapture();
 // Closes the device and returns what it wrote.
 Capture finishCapture();
