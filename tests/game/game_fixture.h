@@ -44,6 +44,15 @@ inline void fastPacing()
     pacing().timerScale = 0.02;  // reels stop 40 to 120 ms after the click
 }
 
+// Whether exactly the first n of the pay lines' hundred segments show.
+inline bool firstSegmentsShown(slot_machine& w, int n)
+{
+    for (int i = 1; i <= 100; ++i)
+        if (w.Linem(i).visible != (i <= n))
+            return false;
+    return true;
+}
+
 // Waits for the settlement of the spin under way (or one about to start).
 inline bool waitSettled(slot_machine& w, int ms = 20000)
 {

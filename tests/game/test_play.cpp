@@ -84,8 +84,7 @@ private slots:
         QVERIFY(controlsEnabled(*w, false));
         QCOMPARE(w->MediaPlayer1.fileName(), std::string("clink.wav"));
         QCOMPARE(w->MediaPlayer1.playCount(), 100000);
-        for (int i = 1; i <= 29; ++i)
-            QVERIFY(!w->Linem(i).visible);
+        QVERIFY(fixture::firstSegmentsShown(*w, 0));
         // A second click while the reels roll starts nothing.
         const std::array<int, 16> steps = w->step;
         w->Command1_Click();
@@ -256,8 +255,7 @@ private slots:
         QCOMPARE(w->MediaPlayer1.playCount(), 1);
         QCOMPARE(w->Commandlines[4]->face(), QColor(255, 255, 0));
         QCOMPARE(w->Commandlines[1]->face(), QColor(224, 224, 224));
-        for (int i = 1; i <= 19; ++i)
-            QVERIFY(w->Linem(i).visible);
+        QVERIFY(fixture::firstSegmentsShown(*w, 19));
         w->Commandcre_Click(3);
         QCOMPARE(w->MediaPlayer1.fileName(), std::string("clunk.wav"));
         QCOMPARE(w->MediaPlayer1.playCount(), 3);
