@@ -120,9 +120,7 @@ private slots:
     void beepsOverlap()
     {
         const wav::Sound beep = sound::beepTone();
-        int beepPeak = 0;
-        for (auto s : beep.samples)
-            beepPeak = std::max(beepPeak, std::abs(int(s)));
+        const int beepPeak = Capture{beep.samples}.peak();
 
         startCapture("beeps.raw");
         sound::audioReady();
