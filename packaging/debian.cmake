@@ -1,15 +1,30 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 # The Debian package: `cpack` in the build folder writes
-# reelmoor_<version>_<arch>.deb, with the libraries it needs found by
-# dpkg-shlibdeps (package dpkg-dev) and the fonts it draws its text with.
+# reelmoor_<version>_<arch>.deb from the install component `deb`, with the
+# libraries it needs found by dpkg-shlibdeps (package dpkg-dev) and the fonts
+# it draws its text with.
+
+# Its documentation: the machine-readable copyright file and the changelog,
+# made from NEWS (rewritten only when NEWS or the maintainer changed).
+set(doc ${CMAKE_INSTALL_DATADIR}/doc/reelmoor)
+set(changelog ${CMAKE_CURRENT_BINARY_DIR}/changelog)
+file(WRITE ${changelog}.new "${REELMOOR_NEWS_CHANGELOG}")
+file(COPY_FILE ${changelog}.new ${changelog} ONLY_IF_DIFFERENT)
+add_custom_command(OUTPUT ${changelog}.gz
+  COMMAND ${GZIP} -9 -n -c ${changelog} > ${changelog}.gz
+  DEPENDS ${changelog}
+  COMMENT "Compressing the Debian changelog")
+add_custom_target(reelmoor_changelog ALL DEPENDS ${changelog}.gz)
+install(FILES copyright ${changelog}.gz DESTINATION ${doc} COMPONENT deb EXCLUDE_FROM_ALL)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME reelmoor)
 set(CPACK_PACKAGE_VENDOR "The reelmoor developers")
-# Whoever publishes the package puts their own address here.
-set(REELMOOR_PACKAGE_MAINTAINER "The reelmoor developers <maintainers@reelmoor.invalid>"
-  CACHE STRING "Maintainer field of the Debian package")
 set(CPACK_PACKAGE_CONTACT "${REELMOOR_PACKAGE_MAINTAINER}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "video slot with fifteen reels and nine pay lines")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY reelmoor)
+# The package holds the Debian layout only.
+set(CPACK_INSTALL_CMAKE_PROJECTS "${PROJECT_BINARY_DIR};${PROJECT_NAME};deb;/")
 # Programs stripped of their symbols; the DEB generator puts everything below /usr.
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_CHECKSUM SHA256)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Shared by the packaging tests: failing with a reason, skipping when a
 # tool is not installed, and where the staged install keeps things.
 set -eu
@@ -17,11 +18,23 @@ need() {
   done
 }
 
-root=$REELMOOR_STAGE/usr
-bin=$root/$BINDIR
-libexec=$root/$LIBEXECDIR
-data=$root/$DATADIR
-man=$root/$MANDIR
+# The staged installs, both under the prefix /usr: "plain", as a plain
+# `cmake --install` lays it out, and "deb", the component the Debian package
+# holds. `layout NAME` points the variables below at one of them.
+layout() {
+  root=$REELMOOR_STAGE/$1/usr
+  case $1 in
+    plain) bindir=$BINDIR gamedir=$DATADIR/reelmoor exec=reelmoor ;;
+    deb) bindir=$DEB_BINDIR gamedir=$DEB_GAMEDIR exec=/usr/$DEB_BINDIR/reelmoor ;;
+    *) fail "no layout $1" ;;
+  esac
+  bin=$root/$bindir
+  libexec=$root/$LIBEXECDIR
+  data=$root/$DATADIR
+  gamedata=$root/$gamedir
+  man=$root/$MANDIR
+}
+layout plain
 
 # The desktop id, taken from the one menu entry installed.
 app_id() {

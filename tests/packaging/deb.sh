@@ -1,7 +1,9 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 # The Debian package: built by cpack from the same install rules, it holds
-# exactly the staged files with root ownership, stripped programs, and
-# declares the libraries and fonts the game needs.
+# exactly the staged files of the Debian layout with root ownership, stripped
+# programs, and declares the libraries and fonts the game needs.
 . "$(dirname "$0")/common.sh"
+layout deb
 need cpack dpkg-deb dpkg-shlibdeps
 
 out=$REELMOOR_SCRATCH/deb
@@ -27,14 +29,14 @@ done
 # The same files as the staged install, below /usr, owned by root.
 dpkg-deb -c "$deb" >"$out/contents"
 awk '$1 !~ /^d/ { print $6 }' "$out/contents" | sed 's|^\./||' | sort >"$out/files.deb"
-(cd "$REELMOOR_STAGE" && find . -type f -o -type l) | sed 's|^\./||' | sort >"$out/files.staged"
+(cd "$REELMOOR_STAGE/deb" && find . -type f -o -type l) | sed 's|^\./||' | sort >"$out/files.staged"
 diff "$out/files.staged" "$out/files.deb" >&2 || fail "the package's files differ from the staged install"
 awk '$2 != "root/root" { print; bad = 1 } END { exit bad }' "$out/contents" >&2 || fail "files not owned by root"
-grep -q "^-rwxr-xr-x .* \./usr/$BINDIR/reelmoor\$" "$out/contents" || fail "the launcher is not executable"
+grep -q "^-rwxr-xr-x .* \./usr/$bindir/reelmoor\$" "$out/contents" || fail "the launcher is not executable"
 
 dpkg-deb -x "$deb" "$out/root"
-for program in "$BINDIR/reelmoor-odds" "$LIBEXECDIR/reelmoor/reelmoor"; do
-  [ -z "$(readelf -S "$out/root/usr/$program" | grep -e '\.debug_info' -e '\.symtab')" ] \
+for program in "$bindir/reelmoor-odds" "$LIBEXECDIR/reelmoor/reelmoor"; do
+  [ -z "$(readelf -S "$out/root/usr/$program" | grep -e '\.debug_info' -e '\.symtab' -e '\.comment')" ] \
     || fail "$program is not stripped"
 done
 echo "$(basename "$deb"): $(wc -c <"$deb") bytes, Installed-Size $(field Installed-Size) KiB"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 # The installed launcher: it starts the game in the player's own folder,
 # keeps that folder's links to the installed assets current, and never
 # touches the table of winners or anything the player put there.
@@ -87,18 +88,21 @@ env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM HOME="$work/real" "$bin/ree
 
 # On the offscreen platform it starts and keeps running until it is stopped,
 # in a folder that links every installed asset, and writes nothing into the
-# installed tree.
-touch "$work/before-start"
-sleep 1
-status=0
-HOME=$work/real QT_QPA_PLATFORM=offscreen timeout 4 "$bin/reelmoor" >"$work/out" 2>&1 || status=$?
-[ "$status" -eq 124 ] || fail "the game ended with status $status before it was stopped: $(cat "$work/out")"
-folder=$work/real/.local/share/reelmoor
-for name in $(asset_names); do
-  [ "$(readlink -f "$folder/$name")" = "$(readlink -f "$data/reelmoor/$name")" ] \
-    || fail "$folder/$name does not lead to the installed $name"
+# installed tree; in both layouts.
+for name in plain deb; do
+  layout $name
+  touch "$work/before-start"
+  sleep 1
+  status=0
+  HOME=$work/$name QT_QPA_PLATFORM=offscreen timeout 4 "$bin/reelmoor" >"$work/out" 2>&1 || status=$?
+  [ "$status" -eq 124 ] || fail "the game ($name layout) ended with status $status before it was stopped: $(cat "$work/out")"
+  folder=$work/$name/.local/share/reelmoor
+  for asset in $(asset_names); do
+    [ "$(readlink -f "$folder/$asset")" = "$(readlink -f "$gamedata/$asset")" ] \
+      || fail "$folder/$asset does not lead to the installed $asset ($name layout)"
+  done
+  [ ! -e "$folder/README.md" ] || fail "the assets' README.md was linked"
+  written=$(find "$REELMOOR_STAGE" -newer "$work/before-start")
+  [ -z "$written" ] || fail "the game wrote into the installed tree: $written"
 done
-[ ! -e "$folder/README.md" ] || fail "the assets' README.md was linked"
-written=$(find "$REELMOOR_STAGE" -newer "$work/before-start")
-[ -z "$written" ] || fail "the game wrote into the installed tree: $written"
 echo "the launcher keeps each player's folder and starts the game"
