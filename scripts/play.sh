@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Builds reelmoor and starts it. The game reads its pictures and sounds from
 # its working directory and keeps the table of winners (name.dat) there, so it
 # runs in a per-player folder that lasts between runs and links the assets.

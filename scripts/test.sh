@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Builds reelmoor and runs every test. Tests run on Qt's offscreen platform;
 # the few that need a real X server get one from Xvfb, started here.
 # Then, unless REELMOOR_QUICK=1: the whole suite again built with
