@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Installs the Debian 12 packages reelmoor builds, runs and tests with,
 # when any is missing. Safe to run again: it does nothing when all are there.
 set -euo pipefail
@@ -10,8 +11,9 @@ packages=(
   fonts-liberation
   xvfb xauth
 )
-# Tests also validate the desktop files, build the package, fuzz and sanitize.
-[ "${1:-}" = "--test" ] && packages+=(clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file)
+# Tests also validate the desktop files, build and check the package (lintian),
+# fuzz and sanitize.
+[ "${1:-}" = "--test" ] && packages+=(clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file lintian)
 
 missing=()
 for p in "${packages[@]}"; do
