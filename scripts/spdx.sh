@@ -30,11 +30,16 @@ tag="SPDX-License-Identifier: GPL-2.0-or-later"
 missing=0
 while IFS= read -r -d '' file; do
   [ -f "$file" ] && [ ! -L "$file" ] || continue
-  first=$(head -c 2 "$file")
+  first=$(head -c 2 "$file" | tr -d '\0')
   case $file in
     *.cpp | *.h | *.hpp | *.c) comment=// ;;
     *.sh | *.sh.in | *.py | *.cmake | CMakeLists.txt | */CMakeLists.txt) comment='#' ;;
-    *) [ "$first" = '#!' ] && comment='#' || continue ;;
+    *)
+      # A script without an extension, like .ci/run, is known by its "#!"
+      # line; other files (data, seeds) are left alone whatever they start with.
+      case ${file##*/} in *.*) continue ;; esac
+      [ "$first" = '#!' ] && comment='#' || continue
+      ;;
   esac
   # The line's place: the first line, or the second after "#!".
   top=1

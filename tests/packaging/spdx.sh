@@ -19,7 +19,7 @@ $lacking"
 # must be after; \n stands for a line break.
 work=$REELMOOR_SCRATCH/spdx
 rm -rf "$work"
-mkdir -p "$work/sub"
+mkdir -p "$work/sub" "$work/sub.d"
 line="SPDX-License-Identifier: GPL-2.0-or-later"
 cases="\
 a.cpp|int a;\n|// $line\nint a;\n
@@ -33,7 +33,8 @@ lib.py|x = 1\n|# $line\nx = 1\n
 empty.cpp||// $line\n
 other.cpp|// SPDX-License-Identifier: MIT\nint b;\n|// SPDX-License-Identifier: MIT\nint b;\n
 notes.md|# notes\n|# notes\n
-data.txt|1 2 3\n|1 2 3\n"
+data.txt|1 2 3\n|1 2 3\n
+sub.d/seed.bin|#!\0\n|#!\0\n"
 printf '%s\n' "$cases" >"$work.cases"
 while IFS='|' read -r name before after; do
   printf "$before" >"$work/$name"
