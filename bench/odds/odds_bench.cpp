@@ -1,8 +1,8 @@
 // How fast the odds come: the exact figures of one bet with 50 symbols, and
 // random spins of the largest bet on two threads. Wall time and the CPU time
 // of the process are both shown, since the machine may be shared.
-#include "rules/odds.h"
-#include "rules/simulation.h"
+#include "tools/odds/odds.h"
+#include "tools/odds/simulation.h"
 
 #include <algorithm>
 #include <chrono>

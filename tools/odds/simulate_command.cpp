@@ -3,9 +3,9 @@
 #include "arguments.h"
 #include "threads.h"
 
-#include "rules/odds.h"
+#include "tools/odds/odds.h"
 #include "rules/paylines.h"
-#include "rules/simulation.h"
+#include "tools/odds/simulation.h"
 
 #include <chrono>
 #include <cmath>

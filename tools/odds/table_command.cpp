@@ -2,8 +2,8 @@
 #include "arguments.h"
 #include "threads.h"
 
-#include "rules/odds.h"
-#include "rules/simulation.h"
+#include "tools/odds/odds.h"
+#include "tools/odds/simulation.h"
 
 #include <chrono>
 #include <cmath>

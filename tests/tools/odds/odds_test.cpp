@@ -1,9 +1,8 @@
-#include "rules/odds.h"
 #include "rules/pay.h"
 #include "rules/settlement.h"
-#include "rules/simulation.h"
-
-#include "grids.h"
+#include "tools/odds/grid.h"
+#include "tools/odds/odds.h"
+#include "tools/odds/simulation.h"
 
 #include <QtTest>
 

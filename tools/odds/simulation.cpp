@@ -1,7 +1,6 @@
-#include "rules/simulation.h"
+#include "tools/odds/simulation.h"
 
 #include "rules/pay.h"
-#include "rules/paylines.h"
 #include "rules/settlement.h"
 
 #include <cmath>
@@ -63,14 +62,12 @@ private:
     std::vector<Currency> table_;
 };
 
-GridValues gridValues(const std::array<int, 16>& sym, const ReadingValuer& valuer)
+GridValues gridValues(const Grid& sym, const ReadingValuer& valuer)
 {
     GridValues g;
-    for (int k = 0; k < kPayLineCount; ++k) {
-        const auto& c = kPayLines[static_cast<std::size_t>(k)];
-        const int a = sym[c[0]], b = sym[c[1]], m = sym[c[2]], d = sym[c[3]], e = sym[c[4]];
-        g.value[k] = valuer(a, b, m, d, e);
-        g.value[k + 9] = valuer(e, d, m, b, a);
+    for (std::size_t k = 0; k < g.value.size(); ++k) {
+        const ReadingCells& c = allReadings()[k];
+        g.value[k] = valuer(sym[c[0]], sym[c[1]], sym[c[2]], sym[c[3]], sym[c[4]]);
     }
     for (const Currency v : g.value)
         if (v > Currency())
@@ -108,27 +105,14 @@ void countJackpots(const GridValues& g, JackpotTally& tally)
 
 SpinRandom::SpinRandom(std::uint64_t seed) : state_(splitmix(seed)) {}
 
-std::vector<std::array<int, 5>> playedReadings(int lines, bool bothways)
-{
-    std::vector<std::array<int, 5>> readings;
-    if (!isPlayableLineCount(lines))
-        return readings;
-    for (int k = 1; k <= lines; ++k)
-        readings.push_back(lineCells(k, Reading::LeftToRight));
-    if (bothways)
-        for (int k = 1; k <= lines; ++k)
-            readings.push_back(lineCells(k, Reading::RightToLeft));
-    return readings;
-}
-
-Currency spinPaid(const std::array<int, 16>& symbol, const std::vector<std::array<int, 5>>& readings,
+Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,
                   Currency creditsperline)
 {
     // mayPay, with a mask per cell: one bit for its figure, one for its
     // colour. Three cells share a figure or a colour exactly when the AND of
     // their masks is not zero.
-    std::array<std::uint32_t, 16> mask;
-    for (int cell = 1; cell <= 15; ++cell)
+    std::array<std::uint32_t, std::tuple_size_v<Grid>> mask{};
+    for (int cell = kFirstCell; cell < kFirstCell + kCellCount; ++cell)
         mask[cell] = runMask(symbol[cell]);
     Currency total;
     for (const auto& c : readings) {
@@ -176,7 +160,7 @@ SimulationTally simulate(const SpinSetup& setup, std::uint64_t spins, std::uint6
     const Currency cpl = Currency::fromWhole(setup.creditsperline);
     const Currency jackpot = Currency::fromWhole(kJackpotFactor) * cpl;
     SpinRandom random(seed);
-    std::array<int, 16> symbol{};
+    Grid symbol{};
     for (std::uint64_t i = 0; i < spins; ++i) {
         random.fillGrid(symbol, setup.symbols);
         const Currency paid = spinPaid(symbol, readings, cpl);
@@ -209,7 +193,7 @@ JackpotTally jackpotSample(int symbols, std::uint64_t spins, std::uint64_t seed)
     JackpotTally tally;
     const ReadingValuer valuer(symbols);
     SpinRandom random(seed);
-    std::array<int, 16> symbol{};
+    Grid symbol{};
     for (std::uint64_t i = 0; i < spins; ++i) {
         random.fillGrid(symbol, symbols);
         countJackpots(gridValues(symbol, valuer), tally);
@@ -222,14 +206,14 @@ JackpotTally jackpotExhaustive(int symbols, int part, int parts)
     JackpotTally tally;
     const ReadingValuer valuer(symbols);
     for (int first = part; first < symbols; first += parts) {
-        std::array<int, 16> symbol{};
-        symbol[1] = first;
+        Grid symbol{};
+        symbol[kFirstCell] = first;
         for (;;) {
             countJackpots(gridValues(symbol, valuer), tally);
-            int cell = 15;  // odometer over cells 2..15
-            while (cell >= 2 && ++symbol[cell] == symbols)
+            int cell = kFirstCell + kCellCount - 1;  // odometer over the cells after the first
+            while (cell > kFirstCell && ++symbol[cell] == symbols)
                 symbol[cell--] = 0;
-            if (cell < 2)
+            if (cell == kFirstCell)
                 break;
         }
     }
