@@ -29,7 +29,8 @@ std::vector<ReadingCells> playedReadings(int lines, bool bothways)
     return readings;
 }
 
-Currency settledPaid(const Grid& grid, int lines, Currency creditsperline, bool bothways)
+Settled settled(const Grid& grid, int lines, Currency creditsperline, bool bothways)
 {
-    return settle("2500", lines, creditsperline, bothways, grid).totalpaid;
+    const Settlement s = settle("2500", lines, creditsperline, bothways, grid);
+    return {s.totalpaid, s.jackpot};
 }

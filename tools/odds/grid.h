@@ -23,5 +23,9 @@ const std::array<ReadingCells, kReadingCount>& allReadings();
 // then (both directions) the same lines right to left.
 std::vector<ReadingCells> playedReadings(int lines, bool bothways);
 
-// The credits the game's own settlement pays for this grid and bet.
-Currency settledPaid(const Grid& grid, int lines, Currency creditsperline, bool bothways);
+// What the game's own settlement makes of this grid and bet.
+struct Settled {
+    Currency paid;
+    bool jackpot = false;
+};
+Settled settled(const Grid& grid, int lines, Currency creditsperline, bool bothways);

@@ -34,34 +34,6 @@ struct GridValues {
     std::int64_t bound = 0;  // sum of raw values + 1.5 credits per paying reading
 };
 
-class ReadingValuer {
-public:
-    explicit ReadingValuer(int symbols) : n_(symbols)
-    {
-        // Small symbol counts get a table of every reading.
-        if (symbols <= 15) {
-            const int size = symbols * symbols * symbols * symbols * symbols;
-            table_.resize(static_cast<std::size_t>(size));
-            for (int i = 0; i < size; ++i) {
-                int s[5];
-                for (int j = 4, rest = i; j >= 0; --j, rest /= symbols)
-                    s[j] = rest % symbols;
-                table_[static_cast<std::size_t>(i)] = readLine(s[0], s[1], s[2], s[3], s[4]).value;
-            }
-        }
-    }
-    Currency operator()(int s1, int s2, int s3, int s4, int s5) const
-    {
-        if (!table_.empty())
-            return table_[static_cast<std::size_t>(((((s1 * n_) + s2) * n_ + s3) * n_ + s4) * n_ + s5)];
-        return mayPay(s1, s2, s3) ? readLine(s1, s2, s3, s4, s5).value : Currency();
-    }
-
-private:
-    int n_;
-    std::vector<Currency> table_;
-};
-
 GridValues gridValues(const Grid& sym, const ReadingValuer& valuer)
 {
     GridValues g;
@@ -104,6 +76,28 @@ void countJackpots(const GridValues& g, JackpotTally& tally)
 }  // namespace
 
 SpinRandom::SpinRandom(std::uint64_t seed) : state_(splitmix(seed)) {}
+
+ReadingValuer::ReadingValuer(int symbols) : n_(symbols)
+{
+    // Small symbol counts get a table of every reading.
+    if (symbols <= 15) {
+        const int size = symbols * symbols * symbols * symbols * symbols;
+        table_.resize(static_cast<std::size_t>(size));
+        for (int i = 0; i < size; ++i) {
+            int s[5];
+            for (int j = 4, rest = i; j >= 0; --j, rest /= symbols)
+                s[j] = rest % symbols;
+            table_[static_cast<std::size_t>(i)] = readLine(s[0], s[1], s[2], s[3], s[4]).value;
+        }
+    }
+}
+
+Currency ReadingValuer::operator()(int s1, int s2, int s3, int s4, int s5) const
+{
+    if (!table_.empty())
+        return table_[static_cast<std::size_t>(((((s1 * n_) + s2) * n_ + s3) * n_ + s4) * n_ + s5)];
+    return mayPay(s1, s2, s3) ? readLine(s1, s2, s3, s4, s5).value : Currency();
+}
 
 Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,
                   Currency creditsperline)

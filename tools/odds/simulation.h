@@ -41,6 +41,18 @@ private:
     std::uint64_t state_;
 };
 
+// The value of a reading of five symbols 0..symbols-1, as readLine gives
+// it: from a table of every reading for few symbols, else read on demand.
+class ReadingValuer {
+public:
+    explicit ReadingValuer(int symbols);
+    Currency operator()(int s1, int s2, int s3, int s4, int s5) const;
+
+private:
+    int n_;
+    std::vector<Currency> table_;
+};
+
 // The credits paid by one spin: the same total as settle(...).totalpaid for
 // that grid and bet, but readings that cannot pay are skipped unvalued.
 Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,

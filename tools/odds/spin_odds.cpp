@@ -1,0 +1,554 @@
+#include "tools/odds/spin_odds.h"
+
+#include "rules/pay.h"
+#include "rules/settlement.h"
+#include "tools/odds/grid.h"
+#include "tools/odds/interval.h"
+#include "tools/odds/simulation.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <map>
+#include <tuple>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr std::int64_t kJackpotFactor = 8000;
+constexpr int kLineChoices[5] = {1, 3, 5, 7, 9};
+// Without a reading whose first four cells share a figure no reading is
+// worth more than this (three identical of the top figure, three of one
+// figure, five of one colour).
+constexpr std::int64_t kSmallReadingMax = 256 * Currency::kScale;
+
+using Tuple = std::array<int, 5>;
+
+long double power(long double base, int exponent)
+{
+    long double r = 1;
+    for (int i = 0; i < exponent; ++i)
+        r *= base;
+    return r;
+}
+
+// Sum and sum of squares of one sampled quantity.
+struct Moments {
+    long double sum = 0, squares = 0;
+    std::uint64_t nonzero = 0;
+    void add(long double x)
+    {
+        sum += x;
+        squares += x * x;
+        nonzero += x != 0;
+    }
+    long double mean(std::uint64_t n) const { return sum / static_cast<long double>(n); }
+    // Half-width of the 99 % interval of the mean.
+    long double halfWidth(std::uint64_t n) const
+    {
+        const long double nn = static_cast<long double>(n), m = sum / nn;
+        const long double variance = std::max<long double>(0, (squares - nn * m * m) / (nn - 1));
+        return kZ99 * std::sqrt(variance / nn);
+    }
+};
+
+// Everything one group of bets (lines, directions) shares.
+class BetGroup {
+public:
+    BetGroup(const LineDistribution& distribution, int lines, bool bothways, const ReadingValuer& valuer)
+        : n_(distribution.symbols), lines_(lines),
+          readings_(playedReadings(lines, bothways)), valuer_(valuer)
+    {
+        const auto r = static_cast<std::int64_t>(readings_.size());
+        // All readings below this: sum of (value + 1.5) stays below 8000.
+        largeReading_ = (kJackpotFactor * Currency::kScale - 15000 * r) / r;
+        if (largeReading_ <= kSmallReadingMax)
+            throw std::logic_error("too many readings for the large-reading bound");
+        for (int cpl = 1; cpl <= kCreditChoices; ++cpl)
+            for (int s = 0; s < n_; ++s) {
+                const LinePayout p = linePayout(readLine(s, s, s, s, s).value, Currency::fromWhole(cpl));
+                // Both directions read the same five cells: the line pays twice.
+                const Currency line = bothways ? p.credits + p.credits : p.credits;
+                sure_[cpl - 1][s] = line.compareWhole(kJackpotFactor * cpl) >= 0;
+            }
+        for (int s = 0; s < n_; ++s) {
+            sureForAll_[s] = true;
+            for (int c = 0; c < kCreditChoices; ++c)
+                sureForAll_[s] = sureForAll_[s] && sure_[c][s];
+        }
+        listLargeReadings(distribution);
+        if (!large_.empty())
+            planPairs();
+        for (int f = 0; 5 * f < n_; ++f)
+            figureWeight_.push_back(power(std::min(5, n_ - 5 * f), 4));
+    }
+
+    // One evaluated grid.
+    struct Spin {
+        std::array<std::int64_t, kCreditChoices> paid{};  // whole credits at 1..10 per line
+        bool paying = false;
+        int figureReadings = 0;  // first four cells in one figure
+        int largeReadings = 0;   // large, and not a sure line
+        int pairReadings = 0;    // large enough for a pair, and not a sure line
+        std::array<bool, kCreditChoices> sureLine{};
+    };
+    std::size_t readingCount() const { return readings_.size(); }
+    bool remainderEmpty() const { return large_.empty(); }
+    // P(the grids are drawn from): the sum over its events of their chances.
+    long double conditionChance() const
+    {
+        return pairs_.empty() ? readings_.size() * static_cast<long double>(large_.size()) / power(n_, 5)
+                              : pairWeights_.back();
+    }
+    // How many of the conditioning events a grid meets (at least one for
+    // the grids drawn), so that it counts as one grid over all of them.
+    long double conditionCount(const Spin& spin) const
+    {
+        return pairs_.empty() ? spin.largeReadings : spin.pairReadings * (spin.pairReadings - 1) / 2.0L;
+    }
+    void fillCondition(Grid& g, SpinRandom& random) const
+    {
+        if (pairs_.empty())
+            fillLarge(g, random);
+        else
+            fillPair(g, random);
+    }
+    // P(one given reading has its first four cells in one figure)
+    long double figureChance() const { return totalFigureWeight() * n_ / power(n_, 5); }
+
+    // P(some played line shows five identical symbols that are sure at cpl).
+    long double sureChance(int cpl) const
+    {
+        int sure = 0;
+        for (int s = 0; s < n_; ++s)
+            sure += sure_[cpl - 1][s];
+        long double total = 0;
+        for (unsigned subset = 1; subset < (1u << lines_); ++subset) {
+            // Lines that share a cell must show the same symbol.
+            int component[kLineCount];
+            std::array<int, std::tuple_size_v<Grid>> cellOwner{};
+            cellOwner.fill(-1);
+            int components = 0, cells = 0, count = 0;
+            for (int k = 0; k < lines_; ++k)
+                component[k] = k;
+            auto root = [&](int k) {
+                while (component[k] != k)
+                    k = component[k];
+                return k;
+            };
+            for (int k = 0; k < lines_; ++k) {
+                if (!(subset & (1u << k)))
+                    continue;
+                ++count;
+                for (int cell : allReadings()[static_cast<std::size_t>(k)]) {
+                    if (cellOwner[cell] < 0) {
+                        cellOwner[cell] = k;
+                        ++cells;
+                    } else {
+                        component[root(k)] = root(cellOwner[cell]);
+                    }
+                }
+            }
+            for (int k = 0; k < lines_; ++k)
+                components += (subset & (1u << k)) && root(k) == k;
+            const long double term = power(sure, components) / power(n_, cells);
+            total += count % 2 ? term : -term;
+        }
+        return total;
+    }
+
+    // Exact moments of the credits one reading pays at cpl.
+    struct ReadingMoments {
+        long double paying = 0, mean = 0, square = 0;
+    };
+    static ReadingMoments readingMoments(const LineDistribution& d, int cpl)
+    {
+        ReadingMoments m;
+        const auto outcomes = static_cast<long double>(d.outcomes);
+        for (const auto& [value, count] : d.values) {
+            const LinePayout p = linePayout(value, Currency::fromWhole(cpl));
+            const auto credits = static_cast<long double>(p.credits.roundWhole());
+            m.paying += p.paying ? count / outcomes : 0;
+            m.mean += credits * count / outcomes;
+            m.square += credits * credits * count / outcomes;
+        }
+        return m;
+    }
+
+    bool readingsIndependent() const
+    {
+        std::array<int, std::tuple_size_v<Grid>> used{};
+        for (const auto& r : readings_)
+            for (int cell : r)
+                if (used[cell]++)
+                    return false;
+        return true;
+    }
+
+    // forJackpot: leave paid at zero when the readings cannot reach a
+    // jackpot at any credits per line.
+    Spin evaluate(const Grid& g, bool forJackpot) const
+    {
+        Spin spin;
+        std::array<std::int64_t, kReadingCount> paying{};
+        int payingCount = 0;
+        std::int64_t reach = 0;  // what the readings can pay at most, per credit, raw
+        for (const auto& c : readings_) {
+            const int s[5] = {g[c[0]], g[c[1]], g[c[2]], g[c[3]], g[c[4]]};
+            const std::int64_t v = valuer_(s[0], s[1], s[2], s[3], s[4]).raw();
+            const int f = figureOf(s[0]);
+            spin.figureReadings += f == figureOf(s[1]) && f == figureOf(s[2]) && f == figureOf(s[3]);
+            const bool fiveAlike = s[0] == s[1] && s[1] == s[2] && s[2] == s[3] && s[3] == s[4];
+            const bool sure = fiveAlike && sureForAll_[s[0]];
+            spin.largeReadings += v >= largeReading_ && !sure;
+            spin.pairReadings += v >= pairReading_ && !sure;
+            if (fiveAlike)
+                for (int cpl = 0; cpl < kCreditChoices; ++cpl)
+                    spin.sureLine[cpl] = spin.sureLine[cpl] || sure_[cpl][s[0]];
+            if (v > 0) {
+                paying[payingCount++] = v;
+                reach += v + 15000;
+            }
+        }
+        spin.paying = payingCount > 0;
+        if (forJackpot && reach < kJackpotFactor * Currency::kScale)
+            return spin;
+        // What linePayout gives: value x credits rounded to whole credits,
+        // halves to even, plus the stake.
+        for (int cpl = 1; cpl <= kCreditChoices; ++cpl) {
+            std::int64_t total = 0;
+            for (int i = 0; i < payingCount; ++i) {
+                const std::int64_t x = paying[i] * cpl, whole = x / Currency::kScale, rest = x % Currency::kScale;
+                total += whole + (rest > Currency::kScale / 2 || (rest == Currency::kScale / 2 && whole % 2)) + cpl;
+            }
+            spin.paid[cpl - 1] = total;
+        }
+        return spin;
+    }
+
+    void fillPlain(Grid& g, SpinRandom& random) const { random.fillGrid(g, n_); }
+    // One played reading, at random, forced large; the other cells free.
+    void fillLarge(Grid& g, SpinRandom& random) const
+    {
+        random.fillGrid(g, n_);
+        const auto& cells = readings_[static_cast<std::size_t>(random.below(static_cast<int>(readings_.size())))];
+        const Tuple& t = large_[static_cast<std::size_t>(random.below(static_cast<int>(large_.size())))];
+        for (int i = 0; i < 5; ++i)
+            g[cells[i]] = t[i];
+    }
+    // One played reading, at random, with its first four cells in one figure.
+    void fillFigure(Grid& g, SpinRandom& random) const
+    {
+        random.fillGrid(g, n_);
+        const auto& cells = readings_[static_cast<std::size_t>(random.below(static_cast<int>(readings_.size())))];
+        long double pick = static_cast<long double>(random.next()) / 18446744073709551616.0L * totalFigureWeight();
+        std::size_t f = 0;
+        while (f + 1 < figureWeight_.size() && pick >= figureWeight_[f])
+            pick -= figureWeight_[f++];
+        const int first = 5 * static_cast<int>(f), size = std::min(5, n_ - first);
+        for (int i = 0; i < 4; ++i)
+            g[cells[i]] = first + random.below(size);
+    }
+
+private:
+    // Two played readings, chosen by the chance that both are large enough
+    // for a pair, forced so; the other cells free.
+    void fillPair(Grid& g, SpinRandom& random) const
+    {
+        random.fillGrid(g, n_);
+        const long double pick = static_cast<long double>(random.next()) / 18446744073709551616.0L * pairWeights_.back();
+        const auto at = std::upper_bound(pairWeights_.begin(), pairWeights_.end(), pick) - pairWeights_.begin();
+        const Pair& pair = pairs_[std::min(static_cast<std::size_t>(at), pairs_.size() - 1)];
+        std::uint32_t t, u;
+        if (pair.compatible.empty()) {  // no shared cell: any two
+            t = static_cast<std::uint32_t>(random.below(static_cast<int>(pairList_.size())));
+            u = static_cast<std::uint32_t>(random.below(static_cast<int>(pairList_.size())));
+        } else {
+            std::tie(t, u) = pair.compatible[static_cast<std::size_t>(random.below(static_cast<int>(pair.compatible.size())))];
+        }
+        for (int i = 0; i < 5; ++i) {
+            g[readings_[pair.first][i]] = pairList_[t][i];
+            g[readings_[pair.second][i]] = pairList_[u][i];
+        }
+    }
+
+    // When every reading pays at most maxValue_ + 1.5 per credit, a jackpot
+    // without a sure line needs two readings of at least pairReading_. With
+    // few symbols that is far rarer than one large reading, and the grids
+    // are drawn with two forced.
+    void planPairs()
+    {
+        const auto r = static_cast<std::int64_t>(readings_.size());
+        if (r < 2)
+            return;
+        pairReading_ = (kJackpotFactor * Currency::kScale - maxValue_ - 15000 * r) / (r - 1);
+        if (pairReading_ <= kSmallReadingMax)
+            return;
+        forFigureRuns([&](const Tuple& t, std::int64_t v) {
+            if (v >= pairReading_ && !(t[0] == t[4] && t[1] == t[4] && t[2] == t[4] && t[3] == t[4] && sureForAll_[t[0]]))
+                pairList_.push_back(t);
+        });
+        if (pairList_.empty() || pairList_.size() > 20000)
+            return;
+        std::size_t stored = 0;
+        long double total = 0;
+        for (std::size_t j = 0; j < readings_.size(); ++j) {
+            for (std::size_t k = j + 1; k < readings_.size(); ++k) {
+                Pair pair{j, k, {}};
+                std::vector<std::pair<int, int>> shared;  // positions in j and in k of a common cell
+                for (int p = 0; p < 5; ++p)
+                    for (int q = 0; q < 5; ++q)
+                        if (readings_[j][p] == readings_[k][q])
+                            shared.emplace_back(p, q);
+                std::map<std::vector<int>, std::vector<std::uint32_t>> byShared;
+                for (std::uint32_t u = 0; !shared.empty() && u < pairList_.size(); ++u) {
+                    std::vector<int> key;
+                    for (const auto& [p, q] : shared)
+                        key.push_back(pairList_[u][q]);
+                    byShared[key].push_back(u);
+                }
+                for (std::uint32_t t = 0; !shared.empty() && t < pairList_.size(); ++t) {
+                    std::vector<int> key;
+                    for (const auto& [p, q] : shared)
+                        key.push_back(pairList_[t][p]);
+                    if (const auto it = byShared.find(key); it != byShared.end())
+                        for (std::uint32_t u : it->second)
+                            pair.compatible.emplace_back(t, u);
+                }
+                const long double count = shared.empty()
+                    ? static_cast<long double>(pairList_.size()) * pairList_.size()
+                    : pair.compatible.size();
+                stored += pair.compatible.size();
+                if (count == 0)
+                    continue;
+                total += count / power(n_, 10 - static_cast<int>(shared.size()));
+                pairs_.push_back(std::move(pair));
+                pairWeights_.push_back(total);
+            }
+        }
+        // Pairs only pay off when rarer than one large reading.
+        const long double single = readings_.size() * static_cast<long double>(large_.size()) / power(n_, 5);
+        if (stored > 4'000'000 || pairs_.empty() || total >= single) {
+            pairs_.clear();
+            pairWeights_.clear();
+        }
+    }
+
+    long double totalFigureWeight() const
+    {
+        long double w = 0;
+        for (long double x : figureWeight_)
+            w += x;
+        return w;
+    }
+
+    // Every reading whose first four cells share a figure, with its value.
+    template <class Visit>
+    void forFigureRuns(Visit visit) const
+    {
+        for (int f = 0; 5 * f < n_; ++f) {
+            const int first = 5 * f, last = std::min(n_, first + 5);
+            for (int a = first; a < last; ++a)
+                for (int b = first; b < last; ++b)
+                    for (int c = first; c < last; ++c)
+                        for (int e = first; e < last; ++e)
+                            for (int s5 = 0; s5 < n_; ++s5)
+                                visit(Tuple{a, b, c, e, s5}, readLine(a, b, c, e, s5).value.raw());
+        }
+    }
+
+    // Readings worth largeReading_ or more need their first four cells in
+    // one figure; the fifth is free. Sure lines are left out: they are
+    // counted exactly.
+    void listLargeReadings(const LineDistribution& d)
+    {
+        maxValue_ = kSmallReadingMax;
+        forFigureRuns([&](const Tuple& t, std::int64_t v) {
+            if (t[0] == t[4] && t[1] == t[4] && t[2] == t[4] && t[3] == t[4] && sureForAll_[t[0]])
+                return;
+            maxValue_ = std::max(maxValue_, v);
+            if (v >= largeReading_)
+                large_.push_back(t);
+        });
+        // The list must hold every large reading of the distribution.
+        std::uint64_t expected = 0;
+        for (const auto& [value, count] : d.values)
+            if (value.raw() >= largeReading_)
+                expected += count;
+        for (int s = 0; s < n_; ++s)
+            expected -= sureForAll_[s];
+        if (expected != large_.size())
+            throw std::logic_error("large readings missed");
+    }
+
+    struct Pair {
+        std::size_t first, second;                                   // played readings
+        std::vector<std::pair<std::uint32_t, std::uint32_t>> compatible;  // empty: no shared cell
+    };
+
+    int n_, lines_;
+    std::vector<ReadingCells> readings_;
+    const ReadingValuer& valuer_;
+    std::int64_t largeReading_ = 0;
+    std::array<std::array<bool, kMaxSymbols>, kCreditChoices> sure_{};
+    std::array<bool, kMaxSymbols> sureForAll_{};
+    std::vector<Tuple> large_;
+    std::int64_t maxValue_ = 0;  // of any reading that is not a sure line
+    std::int64_t pairReading_ = INT64_MAX;
+    std::vector<Tuple> pairList_;
+    std::vector<Pair> pairs_;
+    std::vector<long double> pairWeights_;  // running sums of the pairs' chances
+    std::vector<long double> figureWeight_;
+};
+
+Figure exactFigure(long double value)
+{
+    return {value, value, value, true};
+}
+
+BetRow groupOdds(const LineDistribution& distribution, const ReadingValuer& valuer, int lines, bool bothways,
+                 const SamplingPlan& plan, std::uint64_t seed)
+{
+    BetRow row;
+    const BetGroup group(distribution, lines, bothways, valuer);
+    const auto readings = static_cast<long double>(group.readingCount());
+    SpinRandom random(seed);
+    Grid g{};
+
+    // Jackpots: the sure lines exactly, the rest conditioned on a large reading.
+    std::array<Moments, kCreditChoices> rest{};
+    std::uint64_t restGrids = 0;
+    auto jackpotRange = [&](int c, long double& value, long double& low, long double& high) {
+        const long double sure = group.sureChance(c + 1), scale = group.conditionChance();
+        value = low = high = sure;
+        if (restGrids == 0)
+            return;
+        const Moments& m = rest[static_cast<std::size_t>(c)];
+        value += scale * m.mean(restGrids);
+        if (m.nonzero >= 20) {
+            low += scale * std::max<long double>(0, m.mean(restGrids) - m.halfWidth(restGrids));
+            high += scale * (m.mean(restGrids) + m.halfWidth(restGrids));
+        } else {
+            // Few hits: each weight is at most 1, so the mean is at most the
+            // share of grids with a hit.
+            high += scale * wilson(m.nonzero, restGrids).high;
+        }
+    };
+    if (!group.remainderEmpty()) {
+        for (bool precise = false; !precise && restGrids < plan.jackpotMaxGrids;) {
+            for (std::uint64_t i = 0; i < plan.jackpotBatch; ++i) {
+                group.fillCondition(g, random);
+                const auto spin = group.evaluate(g, true);
+                for (int c = 0; c < kCreditChoices; ++c) {
+                    const bool jackpot = spin.paid[static_cast<std::size_t>(c)] >= kJackpotFactor * (c + 1);
+                    rest[static_cast<std::size_t>(c)].add(jackpot && !spin.sureLine[static_cast<std::size_t>(c)]
+                                                              ? 1.0L / group.conditionCount(spin)
+                                                              : 0);
+                }
+            }
+            restGrids += plan.jackpotBatch;
+            precise = true;
+            for (int c = 0; c < kCreditChoices; ++c) {
+                long double v, lo, hi;
+                jackpotRange(c, v, lo, hi);
+                precise = precise && (v == 0 || std::max(v - lo, hi - v) <= plan.jackpotTarget * v);
+            }
+        }
+    }
+    for (int c = 0; c < kCreditChoices; ++c) {
+        Figure& f = row[static_cast<std::size_t>(c)].jackpot;
+        jackpotRange(c, f.value, f.low, f.high);
+        f.exact = group.remainderEmpty();
+    }
+
+    // Paying spins and the spread.
+    std::array<BetGroup::ReadingMoments, kCreditChoices> one{};
+    for (int c = 0; c < kCreditChoices; ++c)
+        one[static_cast<std::size_t>(c)] = BetGroup::readingMoments(distribution, c + 1);
+    if (group.readingsIndependent()) {
+        for (int c = 0; c < kCreditChoices; ++c) {
+            const auto& m = one[static_cast<std::size_t>(c)];
+            const long double bet = readings * (c + 1);
+            auto& out = row[static_cast<std::size_t>(c)];
+            out.paying = exactFigure(1 - power(1 - m.paying, static_cast<int>(readings)));
+            out.spread = exactFigure(std::sqrt(readings * (m.square - m.mean * m.mean)) / bet);
+        }
+        return row;
+    }
+    Moments paying;
+    std::array<Moments, kCreditChoices> smallSquares{}, figureSquares{};
+    for (std::uint64_t i = 0; i < plan.plainGrids; ++i) {
+        group.fillPlain(g, random);
+        const auto spin = group.evaluate(g, false);
+        paying.add(spin.paying);
+        for (int c = 0; c < kCreditChoices; ++c) {
+            const auto x = static_cast<long double>(spin.paid[static_cast<std::size_t>(c)]);
+            smallSquares[static_cast<std::size_t>(c)].add(spin.figureReadings == 0 ? x * x : 0);
+        }
+    }
+    for (std::uint64_t i = 0; i < plan.figureGrids; ++i) {
+        group.fillFigure(g, random);
+        const auto spin = group.evaluate(g, false);
+        for (int c = 0; c < kCreditChoices; ++c) {
+            const auto x = static_cast<long double>(spin.paid[static_cast<std::size_t>(c)]);
+            figureSquares[static_cast<std::size_t>(c)].add(x * x / spin.figureReadings);
+        }
+    }
+    const long double figureScale = readings * group.figureChance();
+    const long double payingHalf = paying.halfWidth(plan.plainGrids);
+    for (int c = 0; c < kCreditChoices; ++c) {
+        auto& out = row[static_cast<std::size_t>(c)];
+        const long double p = paying.mean(plan.plainGrids);
+        out.paying = {p, std::max<long double>(0, p - payingHalf), std::min<long double>(1, p + payingHalf), false};
+        const auto& small = smallSquares[static_cast<std::size_t>(c)];
+        const auto& large = figureSquares[static_cast<std::size_t>(c)];
+        const long double square = small.mean(plan.plainGrids) + figureScale * large.mean(plan.figureGrids);
+        const long double half = std::hypot(small.halfWidth(plan.plainGrids),
+                                            figureScale * large.halfWidth(plan.figureGrids));
+        const long double mean = readings * one[static_cast<std::size_t>(c)].mean;
+        const long double bet = readings * (c + 1);
+        auto sd = [&](long double s) { return std::sqrt(std::max<long double>(0, s - mean * mean)) / bet; };
+        out.spread = {sd(square), sd(square - half), sd(square + half), false};
+    }
+    return row;
+}
+
+}  // namespace
+
+long double Figure::relativeError() const
+{
+    if (exact || value == 0)
+        return 0;
+    return std::max(value - low, high - value) / value;
+}
+
+BetRow spinOdds(const LineDistribution& distribution, int lines, bool bothways, const SamplingPlan& plan,
+                std::uint64_t seed)
+{
+    const ReadingValuer valuer(distribution.symbols);
+    return groupOdds(distribution, valuer, lines, bothways, plan, seed);
+}
+
+BetTable spinOddsTable(const LineDistribution& distribution, const SamplingPlan& plan, std::uint64_t seed,
+                       int threads)
+{
+    BetTable table;
+    const ReadingValuer valuer(distribution.symbols);
+    std::atomic<int> next{0};
+    auto work = [&] {
+        for (int group; (group = next++) < 10;) {
+            const int li = group / 2, both = group % 2;
+            table[static_cast<std::size_t>(li)][static_cast<std::size_t>(both)] =
+                groupOdds(distribution, valuer, kLineChoices[li], both != 0, plan,
+                          seed + 0x9e3779b97f4a7c15ULL * static_cast<std::uint64_t>(group + 1));
+        }
+    };
+    std::vector<std::thread> pool;
+    for (int t = 0; t < std::max(1, threads); ++t)
+        pool.emplace_back(work);
+    for (auto& t : pool)
+        t.join();
+    return table;
+}
