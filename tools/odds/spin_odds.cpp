@@ -502,6 +502,8 @@ BetRow groupOdds(const LineDistribution& distribution, const ReadingValuer& valu
         auto& out = row[static_cast<std::size_t>(c)];
         const long double p = paying.mean(plan.plainGrids);
         out.paying = {p, std::max<long double>(0, p - payingHalf), std::min<long double>(1, p + payingHalf), false};
+        if (one[static_cast<std::size_t>(c)].paying == 1)
+            out.paying = exactFigure(1);  // every reading pays (few symbols)
         const auto& small = smallSquares[static_cast<std::size_t>(c)];
         const auto& large = figureSquares[static_cast<std::size_t>(c)];
         const long double square = small.mean(plan.plainGrids) + figureScale * large.mean(plan.figureGrids);

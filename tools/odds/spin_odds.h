@@ -47,7 +47,7 @@ struct BetFigures {
 
 struct SamplingPlan {
     std::uint64_t plainGrids = 400'000;     // for paying spins and the small part of the spread
-    std::uint64_t figureGrids = 400'000;    // conditioned on a reading of one figure in four cells
+    std::uint64_t figureGrids = 1'000'000;    // conditioned on a reading of one figure in four cells
     std::uint64_t jackpotBatch = 1 << 16;   // conditioned on a large reading, per batch
     std::uint64_t jackpotMaxGrids = 8'000'000;
     long double jackpotTarget = 0.03;       // stop once every relative error is below this
