@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <map>
+#include <unordered_map>
 #include <tuple>
 #include <stdexcept>
 #include <thread>
@@ -80,7 +80,7 @@ public:
         }
         listLargeReadings(distribution);
         if (!large_.empty())
-            planPairs();
+            planCondition();
         for (int f = 0; 5 * f < n_; ++f)
             figureWeight_.push_back(power(std::min(5, n_ - 5 * f), 4));
     }
@@ -95,25 +95,22 @@ public:
         std::array<bool, kCreditChoices> sureLine{};
     };
     std::size_t readingCount() const { return readings_.size(); }
-    bool remainderEmpty() const { return large_.empty(); }
-    // P(the grids are drawn from): the sum over its events of their chances.
-    long double conditionChance() const
-    {
-        return pairs_.empty() ? readings_.size() * static_cast<long double>(large_.size()) / power(n_, 5)
-                              : pairWeights_.back();
-    }
+    bool remainderEmpty() const { return remainderEmpty_; }
+    // The sum over the conditioning events of their chances.
+    long double conditionChance() const { return singleChance() + (pairs_.empty() ? 0 : pairWeights_.back()); }
     // How many of the conditioning events a grid meets (at least one for
     // the grids drawn), so that it counts as one grid over all of them.
     long double conditionCount(const Spin& spin) const
     {
-        return pairs_.empty() ? spin.largeReadings : spin.pairReadings * (spin.pairReadings - 1) / 2.0L;
+        return spin.largeReadings + spin.pairReadings * (spin.pairReadings - 1) / 2.0L;
     }
     void fillCondition(Grid& g, SpinRandom& random) const
     {
-        if (pairs_.empty())
+        const long double pick = static_cast<long double>(random.next()) / 18446744073709551616.0L * conditionChance();
+        if (pick < singleChance())
             fillLarge(g, random);
         else
-            fillPair(g, random);
+            fillPair(g, random, pick - singleChance());
     }
     // P(one given reading has its first four cells in one figure)
     long double figureChance() const { return totalFigureWeight() * n_ / power(n_, 5); }
@@ -253,12 +250,16 @@ public:
     }
 
 private:
+    struct Pair {
+        std::size_t first, second;                                   // played readings
+        std::vector<std::pair<std::uint32_t, std::uint32_t>> compatible;  // empty: no shared cell
+    };
+
     // Two played readings, chosen by the chance that both are large enough
     // for a pair, forced so; the other cells free.
-    void fillPair(Grid& g, SpinRandom& random) const
+    void fillPair(Grid& g, SpinRandom& random, long double pick) const
     {
         random.fillGrid(g, n_);
-        const long double pick = static_cast<long double>(random.next()) / 18446744073709551616.0L * pairWeights_.back();
         const auto at = std::upper_bound(pairWeights_.begin(), pairWeights_.end(), pick) - pairWeights_.begin();
         const Pair& pair = pairs_[std::min(static_cast<std::size_t>(at), pairs_.size() - 1)];
         std::uint32_t t, u;
@@ -274,65 +275,121 @@ private:
         }
     }
 
-    // When every reading pays at most maxValue_ + 1.5 per credit, a jackpot
-    // without a sure line needs two readings of at least pairReading_. With
-    // few symbols that is far rarer than one large reading, and the grids
-    // are drawn with two forced.
-    void planPairs()
+    long double singleChance() const
+    {
+        return readings_.size() * static_cast<long double>(large_.size()) / power(n_, 5);
+    }
+
+    // A 64-bit key of the symbols at some positions of a reading.
+    static std::uint64_t keyOf(const Tuple& t, const std::vector<int>& positions)
+    {
+        std::uint64_t key = 0;
+        for (int p : positions)
+            key = key * 64 + static_cast<std::uint64_t>(t[p]);
+        return key;
+    }
+
+    // Positions in reading j and in reading k of the cells they share.
+    void sharedPositions(std::size_t j, std::size_t k, std::vector<int>& inJ, std::vector<int>& inK) const
+    {
+        inJ.clear();
+        inK.clear();
+        for (int p = 0; p < 5; ++p)
+            for (int q = 0; q < 5; ++q)
+                if (readings_[j][p] == readings_[k][q]) {
+                    inJ.push_back(p);
+                    inK.push_back(q);
+                }
+    }
+
+    // The chance that two given readings are both in list; with store, the
+    // pairs of the list that agree on their common cells are kept.
+    long double pairChance(const std::vector<Tuple>& list, std::size_t j, std::size_t k, Pair* store) const
+    {
+        std::vector<int> inJ, inK;
+        sharedPositions(j, k, inJ, inK);
+        const long double outcomes = power(n_, 10 - static_cast<int>(inJ.size()));
+        if (inJ.empty())
+            return static_cast<long double>(list.size()) * list.size() / outcomes;
+        std::unordered_map<std::uint64_t, std::vector<std::uint32_t>> byShared;
+        for (std::uint32_t u = 0; u < list.size(); ++u)
+            byShared[keyOf(list[u], inK)].push_back(u);
+        std::uint64_t count = 0;
+        for (std::uint32_t t = 0; t < list.size(); ++t) {
+            const auto it = byShared.find(keyOf(list[t], inJ));
+            if (it == byShared.end())
+                continue;
+            count += it->second.size();
+            if (store)
+                for (std::uint32_t u : it->second)
+                    store->compatible.emplace_back(t, u);
+        }
+        return static_cast<long double>(count) / outcomes;
+    }
+
+    // Grids are drawn conditioned on a union of events that every jackpot
+    // without a sure line meets: "some reading is worth at least single" or
+    // "two readings are worth at least pair", where no reading below single
+    // and at most one of pair or more keep the sum of (value + 1.5) per
+    // credit below 8000. The least likely union of a few splits is taken
+    // (single = the large-reading bound alone needs no pairs).
+    void planCondition()
     {
         const auto r = static_cast<std::int64_t>(readings_.size());
+        std::vector<std::pair<Tuple, std::int64_t>> runs;  // not sure lines, above the small ones, by value
+        forFigureRuns([&](const Tuple& t, std::int64_t v) {
+            if (v > kSmallReadingMax && !(t[0] == t[4] && t[1] == t[4] && t[2] == t[4] && t[3] == t[4] && sureForAll_[t[0]]))
+                runs.emplace_back(t, v);
+        });
+        std::sort(runs.begin(), runs.end(), [](const auto& a, const auto& b) { return a.second > b.second; });
+        auto from = [&](std::int64_t threshold) {
+            std::vector<Tuple> list;
+            for (const auto& [t, v] : runs) {
+                if (v < threshold)
+                    break;
+                list.push_back(t);
+            }
+            return list;
+        };
         if (r < 2)
             return;
-        pairReading_ = (kJackpotFactor * Currency::kScale - maxValue_ - 15000 * r) / (r - 1);
-        if (pairReading_ <= kSmallReadingMax)
+        long double best = singleChance();
+        std::int64_t bestSingle = largeReading_, bestPair = INT64_MAX;
+        for (int step = 1; step <= 8; ++step) {
+            const std::int64_t single = largeReading_ + (maxValue_ + 1 - largeReading_) * step / 8;
+            const std::int64_t pair = (kJackpotFactor * Currency::kScale - single - 15000 * r) / (r - 1);
+            if (pair <= kSmallReadingMax)
+                continue;
+            const std::vector<Tuple> pairList = from(pair);
+            if (pairList.size() > 5000)
+                continue;
+            long double chance = readings_.size() * static_cast<long double>(from(single).size()) / power(n_, 5);
+            for (std::size_t j = 0; j < readings_.size() && chance < best; ++j)
+                for (std::size_t k = j + 1; k < readings_.size() && chance < best; ++k)
+                    chance += pairChance(pairList, j, k, nullptr);
+            if (chance < best) {
+                best = chance;
+                bestSingle = single;
+                bestPair = pair;
+            }
+        }
+        if (bestPair == INT64_MAX)
             return;
-        forFigureRuns([&](const Tuple& t, std::int64_t v) {
-            if (v >= pairReading_ && !(t[0] == t[4] && t[1] == t[4] && t[2] == t[4] && t[3] == t[4] && sureForAll_[t[0]]))
-                pairList_.push_back(t);
-        });
-        if (pairList_.empty() || pairList_.size() > 20000)
-            return;
-        std::size_t stored = 0;
+        large_ = from(bestSingle);
+        largeReading_ = bestSingle;
+        pairReading_ = bestPair;
+        pairList_ = from(bestPair);
         long double total = 0;
         for (std::size_t j = 0; j < readings_.size(); ++j) {
             for (std::size_t k = j + 1; k < readings_.size(); ++k) {
                 Pair pair{j, k, {}};
-                std::vector<std::pair<int, int>> shared;  // positions in j and in k of a common cell
-                for (int p = 0; p < 5; ++p)
-                    for (int q = 0; q < 5; ++q)
-                        if (readings_[j][p] == readings_[k][q])
-                            shared.emplace_back(p, q);
-                std::map<std::vector<int>, std::vector<std::uint32_t>> byShared;
-                for (std::uint32_t u = 0; !shared.empty() && u < pairList_.size(); ++u) {
-                    std::vector<int> key;
-                    for (const auto& [p, q] : shared)
-                        key.push_back(pairList_[u][q]);
-                    byShared[key].push_back(u);
-                }
-                for (std::uint32_t t = 0; !shared.empty() && t < pairList_.size(); ++t) {
-                    std::vector<int> key;
-                    for (const auto& [p, q] : shared)
-                        key.push_back(pairList_[t][p]);
-                    if (const auto it = byShared.find(key); it != byShared.end())
-                        for (std::uint32_t u : it->second)
-                            pair.compatible.emplace_back(t, u);
-                }
-                const long double count = shared.empty()
-                    ? static_cast<long double>(pairList_.size()) * pairList_.size()
-                    : pair.compatible.size();
-                stored += pair.compatible.size();
-                if (count == 0)
+                const long double chance = pairChance(pairList_, j, k, &pair);
+                if (chance == 0)
                     continue;
-                total += count / power(n_, 10 - static_cast<int>(shared.size()));
+                total += chance;
                 pairs_.push_back(std::move(pair));
                 pairWeights_.push_back(total);
             }
-        }
-        // Pairs only pay off when rarer than one large reading.
-        const long double single = readings_.size() * static_cast<long double>(large_.size()) / power(n_, 5);
-        if (stored > 4'000'000 || pairs_.empty() || total >= single) {
-            pairs_.clear();
-            pairWeights_.clear();
         }
     }
 
@@ -381,12 +438,8 @@ private:
             expected -= sureForAll_[s];
         if (expected != large_.size())
             throw std::logic_error("large readings missed");
+        remainderEmpty_ = large_.empty();
     }
-
-    struct Pair {
-        std::size_t first, second;                                   // played readings
-        std::vector<std::pair<std::uint32_t, std::uint32_t>> compatible;  // empty: no shared cell
-    };
 
     int n_, lines_;
     std::vector<ReadingCells> readings_;
@@ -395,6 +448,7 @@ private:
     std::array<std::array<bool, kMaxSymbols>, kCreditChoices> sure_{};
     std::array<bool, kMaxSymbols> sureForAll_{};
     std::vector<Tuple> large_;
+    bool remainderEmpty_ = true;
     std::int64_t maxValue_ = 0;  // of any reading that is not a sure line
     std::int64_t pairReading_ = INT64_MAX;
     std::vector<Tuple> pairList_;
