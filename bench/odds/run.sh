@@ -1,10 +1,15 @@
 #!/bin/sh
 # Speed of the odds tool: run.sh [build dir]. Prints the in-process timings,
-# then how fast reelmoor-odds values lines read from stdin.
+# the time of the whole table as a user runs it, then how fast reelmoor-odds
+# values lines read from stdin.
 set -eu
 build=${1:-$(dirname "$0")/../../build}
 lines=${LINES_TO_READ:-4000000}
 "$build/bench/odds/reelmoor-odds-bench"
+for symbols in 50 4; do
+    /usr/bin/time -f "table, $symbols symbols, 2 threads: %e s wall, %U s user, %S s system" \
+        "$build/tools/odds/reelmoor-odds" table --symbols $symbols --threads 2 > /dev/null
+done
 input=$(mktemp)
 trap 'rm -f "$input"' EXIT
 awk -v n="$lines" 'BEGIN { srand(1); for (i = 0; i < n; i++) {

@@ -65,6 +65,14 @@ std::int64_t Options::whole(std::string_view name, std::int64_t fallback, std::i
     return fallback;
 }
 
+std::string_view Options::text(std::string_view name) const
+{
+    for (const auto& [n, v] : given_)
+        if (n == name)
+            return v;
+    return {};
+}
+
 int defaultThreads()
 {
     const unsigned n = std::thread::hardware_concurrency();

@@ -21,6 +21,7 @@ public:
     bool has(std::string_view name) const;
     std::int64_t whole(std::string_view name, std::int64_t fallback, std::int64_t low,
                        std::int64_t high) const;
+    std::string_view text(std::string_view name) const;  // empty when not given
 
 private:
     std::vector<std::pair<std::string_view, std::string_view>> given_;
@@ -29,6 +30,11 @@ private:
 int lineCommand(const std::vector<std::string_view>& args);
 int tableCommand(const std::vector<std::string_view>& args);
 int simulateCommand(const std::vector<std::string_view>& args);
+
+// The symbols the game would play with from the pictures in folder: "0.emf"
+// upwards until the first it cannot load, at most 50. A folder without a
+// loadable "0.emf" is a usage error.
+int symbolsInFolder(std::string_view folder);
 
 // Threads for the random parts: hardware threads, at least one.
 int defaultThreads();

@@ -1,7 +1,7 @@
 // reelmoor-odds line: one reading valued, or a stream of them from stdin.
 #include "arguments.h"
 
-#include "rules/odds.h"
+#include "tools/odds/odds.h"
 #include "rules/pay.h"
 
 #include <cstdio>

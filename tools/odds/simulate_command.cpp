@@ -3,9 +3,10 @@
 #include "arguments.h"
 #include "threads.h"
 
-#include "rules/odds.h"
+#include "tools/odds/interval.h"
+#include "tools/odds/odds.h"
 #include "rules/paylines.h"
-#include "rules/simulation.h"
+#include "tools/odds/simulation.h"
 
 #include <chrono>
 #include <cmath>
@@ -50,10 +51,15 @@ int simulateCommand(const std::vector<std::string_view>& args)
                 setup.creditsperline, static_cast<long long>(exact.bet));
     std::printf("RTP %.4Lf%%, 99%% interval [%.4Lf%%, %.4Lf%%]\n", rtp, rtp - halfWidth, rtp + halfWidth);
     std::printf("exact RTP %.4Lf%% (%s the interval)\n", exact.rtpPercent(), inside ? "inside" : "OUTSIDE");
-    std::printf("paying spins %.6f%%\n", 100.0 * static_cast<double>(tally.payingSpins) / static_cast<double>(tally.spins));
+    const Interval paying = wilson(tally.payingSpins, tally.spins);
+    std::printf("paying spins %.6f%%, 99%% interval [%.6Lf%%, %.6Lf%%]\n",
+                100.0 * static_cast<double>(tally.payingSpins) / static_cast<double>(tally.spins), 100 * paying.low,
+                100 * paying.high);
     std::printf("credits paid per spin: mean %.6Lf, std dev %.4Lf\n", tally.meanPaid(), tally.stddevPaid());
-    std::printf("largest win %lld, jackpot spins %llu\n", static_cast<long long>(tally.largest),
-                static_cast<unsigned long long>(tally.jackpots));
+    const Interval jackpot = wilson(tally.jackpots, tally.spins);
+    std::printf("largest win %lld, jackpot spins %llu: P(jackpot) %.4Le, 99%% interval [%.4Le, %.4Le]\n",
+                static_cast<long long>(tally.largest), static_cast<unsigned long long>(tally.jackpots),
+                static_cast<long double>(tally.jackpots) / tally.spins, jackpot.low, jackpot.high);
     std::printf("%.3f s, %.2f million spins/s\n", seconds, static_cast<double>(tally.spins) / seconds / 1e6);
     return 0;
 }

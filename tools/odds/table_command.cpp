@@ -1,96 +1,105 @@
-// reelmoor-odds table: the exact return of every bet, and its jackpot chance.
+// reelmoor-odds table: every bet's exact return, and the figures of a whole
+// spin (paying spins, spread, jackpot) exact or with their 99 % interval.
 #include "arguments.h"
 #include "threads.h"
 
-#include "rules/odds.h"
-#include "rules/simulation.h"
+#include "tools/odds/odds.h"
+#include "tools/odds/simulation.h"
+#include "tools/odds/spin_odds.h"
 
 #include <chrono>
-#include <cmath>
 #include <cstdio>
+#include <string>
 
 namespace {
 
 constexpr int kLineChoices[5] = {1, 3, 5, 7, 9};
 constexpr int kExhaustiveSymbols = 3;  // 3^15 = 14.3 million grids
-constexpr double kZ99 = 2.5758293035489004;
 
-struct Interval {
-    double low, high;
-};
-
-// Wilson score interval for k successes in n trials.
-Interval wilson(std::uint64_t k, std::uint64_t n)
+std::string precision(const Figure& f)
 {
-    if (n == 0)
-        return {0, 1};
-    const double p = static_cast<double>(k) / static_cast<double>(n);
-    const double z2n = kZ99 * kZ99 / static_cast<double>(n);
-    const double centre = (p + z2n / 2) / (1 + z2n);
-    const double half = kZ99 * std::sqrt(p * (1 - p) / static_cast<double>(n) + z2n / (4.0 * static_cast<double>(n))) / (1 + z2n);
-    return {std::max(0.0, centre - half), std::min(1.0, centre + half)};
+    char text[32];
+    if (f.exact)
+        return "(exact)";
+    std::snprintf(text, sizeof text, "(±%.1Lf %%)", 100 * f.relativeError());
+    return text;
+}
+
+std::string chance(const Figure& f)
+{
+    char text[64];
+    if (f.value > 0)
+        std::snprintf(text, sizeof text, 1 / f.value >= 100 ? "1 in %.0Lf " : "1 in %.2Lf ", 1 / f.value);
+    else if (f.exact)
+        std::snprintf(text, sizeof text, "never ");
+    else  // not one hit: only the upper end is known
+        std::snprintf(text, sizeof text, "below 1 in %.0Lf ", 1 / f.high);
+    return text + (f.value > 0 || f.exact ? precision(f) : std::string("(99 %)"));
 }
 
 }  // namespace
 
 int tableCommand(const std::vector<std::string_view>& args)
 {
-    const Options options(args, {"--symbols", "--jackpot-spins", "--seed", "--threads"}, {});
-    const int symbols = static_cast<int>(options.whole("--symbols", kMaxSymbols, 1, kMaxSymbols));
-    const auto spins = static_cast<std::uint64_t>(options.whole("--jackpot-spins", 10'000'000, 0, INT64_MAX));
+    const Options options(args, {"--symbols", "--folder", "--seed", "--threads"}, {});
+    if (options.has("--symbols") && options.has("--folder"))
+        usageError("give --symbols or --folder, not both");
+    const int symbols = options.has("--folder")
+        ? symbolsInFolder(options.text("--folder"))
+        : static_cast<int>(options.whole("--symbols", kMaxSymbols, 1, kMaxSymbols));
     const auto seed = static_cast<std::uint64_t>(options.whole("--seed", 1, 0, INT64_MAX));
     const int threads = static_cast<int>(options.whole("--threads", defaultThreads(), 1, 256));
 
     const auto started = std::chrono::steady_clock::now();
     const LineDistribution distribution = lineDistribution(symbols);
-    const double exactMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - started).count();
-
     const bool exhaustive = symbols <= kExhaustiveSymbols;
+    SamplingPlan plan;
+    if (exhaustive)
+        plan.jackpotMaxGrids = 0;  // counted over every grid below
+    const BetTable figures = spinOddsTable(distribution, plan, seed, threads);
     JackpotTally jackpots;
     if (exhaustive)
         jackpots = runParts<JackpotTally>(std::min(threads, symbols), [&](int part) {
             return jackpotExhaustive(symbols, part, std::min(threads, symbols));
         });
-    else if (spins > 0)
-        jackpots = runParts<JackpotTally>(threads, [&](int part) {
-            const std::uint64_t share = spins / static_cast<std::uint64_t>(threads)
-                + (static_cast<std::uint64_t>(part) < spins % static_cast<std::uint64_t>(threads) ? 1 : 0);
-            return jackpotSample(symbols, share, partSeed(seed, part));
-        });
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
 
-    std::printf("reelmoor odds, %d symbols: every cell uniform and independent\n", symbols);
-    std::printf("one line reading: %llu outcomes, %llu pay, %zu different values (exact, %.1f ms)\n",
-                static_cast<unsigned long long>(distribution.outcomes),
-                static_cast<unsigned long long>(distribution.paying()), distribution.values.size(), exactMs);
-    std::printf("exact: bet, RTP, P(line pays), E(paid): from the distribution of one reading's value\n");
+    std::printf("reelmoor odds, %d symbols: every cell uniform and independent (%.1f s, seed %llu)\n", symbols,
+                seconds, static_cast<unsigned long long>(seed));
+    std::printf("exact: bet, RTP, P(line pays) of one reading, E(paid) per spin\n");
+    std::printf("P(pays): chance that a spin pays anything; sd/credit: standard deviation of a spin's\n"
+                "  payout per credit bet. Exact where no two played readings share a cell, else\n"
+                "  estimated: (±x %%) is the half-width of the 99 %% interval, relative to the figure\n");
     if (exhaustive)
-        std::printf("exact: P(jackpot), over all %llu grids\n", static_cast<unsigned long long>(jackpots.grids));
-    else if (spins > 0)
-        std::printf("estimated: P(jackpot), %llu random grids (seed %llu), 99%% Wilson interval\n",
-                    static_cast<unsigned long long>(jackpots.grids), static_cast<unsigned long long>(seed));
+        std::printf("jackpot (paid >= 8000 x credits per line): exact, over all %llu grids\n",
+                    static_cast<unsigned long long>(jackpots.grids));
     else
-        std::printf("P(jackpot) not estimated (--jackpot-spins 0)\n");
-    std::printf("%5s %4s %4s %5s %12s %14s %14s  %s\n", "lines", "dirs", "cpl", "bet", "RTP%",
-                "P(line pays)", "E(paid)/spin", "P(jackpot)");
+        std::printf("jackpot (paid >= 8000 x credits per line): lines of five identical symbols that\n"
+                    "  make one alone counted exactly, the rest estimated from grids drawn with one\n"
+                    "  large reading (or two, where one cannot make it): (exact), or (±x %%) as above\n");
+    std::printf("%5s %4s %4s %5s %12s %13s %13s  %-24s %-20s %s\n", "lines", "dirs", "cpl", "bet", "RTP%",
+                "P(line pays)", "E(paid)/spin", "P(pays)", "sd/credit", "jackpot");
 
     for (int li = 0; li < 5; ++li) {
         for (int both = 0; both < 2; ++both) {
             for (int cpl = 1; cpl <= 10; ++cpl) {
                 const ExactOdds odds = exactOdds(distribution, kLineChoices[li], both != 0, cpl);
-                std::printf("%5d %4d %4d %5lld %12.6Lf %14.10Lf %14.6Lf  ", kLineChoices[li], both + 1, cpl,
-                            static_cast<long long>(odds.bet), odds.rtpPercent(), odds.payingProbability(),
-                            odds.expectedPaidPerSpin());
-                const std::uint64_t k = jackpots.jackpots[li][both][cpl - 1];
+                const BetFigures& f = figures[static_cast<std::size_t>(li)][static_cast<std::size_t>(both)]
+                                             [static_cast<std::size_t>(cpl - 1)];
+                Figure jackpot = f.jackpot;
                 if (exhaustive) {
-                    std::printf("%.10g\n", static_cast<double>(k) / static_cast<double>(jackpots.grids));
-                } else if (jackpots.grids > 0) {
-                    const Interval i = wilson(k, jackpots.grids);
-                    std::printf("%.3g [%.3g, %.3g] (%llu hits)\n",
-                                static_cast<double>(k) / static_cast<double>(jackpots.grids), i.low, i.high,
-                                static_cast<unsigned long long>(k));
-                } else {
-                    std::printf("-\n");
+                    const auto k = jackpots.jackpots[static_cast<std::size_t>(li)][static_cast<std::size_t>(both)]
+                                                    [static_cast<std::size_t>(cpl - 1)];
+                    const long double p = static_cast<long double>(k) / static_cast<long double>(jackpots.grids);
+                    jackpot = {p, p, p, true};
                 }
+                char paying[40], spread[40];
+                std::snprintf(paying, sizeof paying, "%.6Lf %s", f.paying.value, precision(f.paying).c_str());
+                std::snprintf(spread, sizeof spread, "%.4Lf %s", f.spread.value, precision(f.spread).c_str());
+                std::printf("%5d %4d %4d %5lld %12.6Lf %13.10Lf %13.6Lf  %-24s %-20s %s\n", kLineChoices[li],
+                            both + 1, cpl, static_cast<long long>(odds.bet), odds.rtpPercent(),
+                            odds.payingProbability(), odds.expectedPaidPerSpin(), paying, spread,
+                            chance(jackpot).c_str());
             }
         }
     }

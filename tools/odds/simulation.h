@@ -2,6 +2,7 @@
 // Random spins through the settlement's own arithmetic, for the odds tool
 // and its benchmark: no windows, no text, only the credits paid.
 #include "rules/currency.h"
+#include "tools/odds/grid.h"
 
 #include <array>
 #include <cstdint>
@@ -19,13 +20,13 @@ public:
     }
     // Uniform in 0..n-1 (multiply-high; the bias is below n / 2^64).
     int below(int n) { return static_cast<int>((static_cast<Wide>(next()) * static_cast<std::uint64_t>(n)) >> 64); }
-    // Cells 1..15 uniform in 0..n-1 (n <= 50), five cells from each draw:
+    // Every cell uniform in 0..n-1 (n <= 50), five cells from each draw:
     // the low half of each product carries the rest of the draw on to the
     // next cell. Five cells of up to 50 symbols use about 28 of the 64 bits,
     // so no symbol's chance is off by more than 2^-35 of itself.
-    void fillGrid(std::array<int, 16>& symbol, int n)
+    void fillGrid(Grid& symbol, int n)
     {
-        for (int first = 1; first <= 15; first += 5) {
+        for (int first = kFirstCell; first < kFirstCell + kCellCount; first += 5) {
             std::uint64_t x = next();
             for (int cell = first; cell < first + 5; ++cell) {
                 const Wide product = static_cast<Wide>(x) * static_cast<std::uint64_t>(n);
@@ -40,13 +41,21 @@ private:
     std::uint64_t state_;
 };
 
-// The line readings a bet plays, in settling order: lines 1..lines left to
-// right, then (both directions) the same lines right to left.
-std::vector<std::array<int, 5>> playedReadings(int lines, bool bothways);
+// The value of a reading of five symbols 0..symbols-1, as readLine gives
+// it: from a table of every reading for few symbols, else read on demand.
+class ReadingValuer {
+public:
+    explicit ReadingValuer(int symbols);
+    Currency operator()(int s1, int s2, int s3, int s4, int s5) const;
+
+private:
+    int n_;
+    std::vector<Currency> table_;
+};
 
 // The credits paid by one spin: the same total as settle(...).totalpaid for
 // that grid and bet, but readings that cannot pay are skipped unvalued.
-Currency spinPaid(const std::array<int, 16>& symbol, const std::vector<std::array<int, 5>>& readings,
+Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,
                   Currency creditsperline);
 
 struct SpinSetup {

@@ -1,9 +1,8 @@
-#include "rules/odds.h"
 #include "rules/pay.h"
-#include "rules/settlement.h"
-#include "rules/simulation.h"
-
-#include "grids.h"
+#include "tools/odds/grid.h"
+#include "tools/odds/odds.h"
+#include "tools/odds/simulation.h"
+#include "tools/odds/spin_odds.h"
 
 #include <QtTest>
 
@@ -80,31 +79,73 @@ private slots:
                     for (bool both : {false, true}) {
                         const Currency credits = Currency::fromWhole(1 + i % 10);
                         const Currency fast = spinPaid(g, playedReadings(lines, both), credits);
-                        QCOMPARE(fast, settle("2500", lines, credits, both, g).totalpaid);
+                        QCOMPARE(fast, settled(g, lines, credits, both).paid);
                     }
                 }
             }
         }
     }
 
-    // Over every grid of two symbols, the jackpot count of each bet against
-    // the settlement's own jackpot test.
-    void jackpotsAgreeWithSettlement()
+    // Over every grid of two symbols, the settlement's own figures of each
+    // bet: the exhaustive jackpot count gives them exactly, the spin odds
+    // within their intervals (a third wider, so that thirty of them all hold).
+    void spinFiguresAgreeWithEveryGrid()
     {
         const JackpotTally tally = jackpotExhaustive(2, 0, 1);
-        QCOMPARE(tally.grids, std::uint64_t{1} << 15);
+        QCOMPARE(tally.grids, std::uint64_t{1} << kCellCount);
+        const LineDistribution dist = lineDistribution(2);
         const int lineChoices[5] = {1, 3, 5, 7, 9};
+        auto near = [](const Figure& f, long double exact) {
+            return f.exact ? std::fabs(f.value - exact) < 1e-12L
+                           : exact >= f.low - (f.value - f.low) / 3 && exact <= f.high + (f.high - f.value) / 3;
+        };
         for (int li = 0; li < 5; ++li) {
             for (int both = 0; both < 2; ++both) {
+                const BetRow row = spinOdds(dist, lineChoices[li], both, SamplingPlan{}, 7);
                 for (int credits : {1, 7}) {
-                    std::uint64_t jackpots = 0;
-                    for (std::uint32_t code = 0; code < (1u << 15); ++code) {
+                    std::uint64_t jackpots = 0, paying = 0;
+                    long double sum = 0, squares = 0;
+                    for (std::uint32_t code = 0; code < (1u << kCellCount); ++code) {
                         Grid g{};
-                        for (int cell = 1; cell <= 15; ++cell)
-                            g[cell] = (code >> (cell - 1)) & 1;
-                        jackpots += settle("2500", lineChoices[li], Currency::fromWhole(credits), both, g).jackpot;
+                        for (int cell = 0; cell < kCellCount; ++cell)
+                            g[kFirstCell + cell] = (code >> cell) & 1;
+                        const Settled s = settled(g, lineChoices[li], Currency::fromWhole(credits), both);
+                        const auto paid = static_cast<long double>(s.paid.roundWhole());
+                        jackpots += s.jackpot;
+                        paying += paid > 0;
+                        sum += paid;
+                        squares += paid * paid;
                     }
                     QCOMPARE(tally.jackpots[li][both][credits - 1], jackpots);
+                    const long double grids = 1 << kCellCount, bet = lineChoices[li] * (both + 1) * credits;
+                    const BetFigures& f = row[static_cast<std::size_t>(credits - 1)];
+                    const QString where = QString("lines %1 both %2 credits %3").arg(lineChoices[li]).arg(both).arg(credits);
+                    QVERIFY2(near(f.jackpot, jackpots / grids), qPrintable(where));
+                    QVERIFY2(near(f.paying, paying / grids), qPrintable(where));
+                    QVERIFY2(near(f.spread, std::sqrt(squares / grids - sum * sum / grids / grids) / bet), qPrintable(where));
+                }
+            }
+        }
+    }
+
+    // With six symbols a line of five 5s is a sure jackpot both ways and the
+    // rest comes from several lines together: against plain random grids.
+    void jackpotAgreesWithPlainSampling()
+    {
+        const int symbols = 6, grids = 2'000'000;
+        const JackpotTally plain = jackpotSample(symbols, grids, 3);
+        const LineDistribution dist = lineDistribution(symbols);
+        for (int li : {1, 4}) {
+            for (int both = 0; both < 2; ++both) {
+                const BetRow row = spinOdds(dist, 2 * li + 1, both, SamplingPlan{}, 9);
+                for (int credits : {1, 10}) {
+                    const auto k = static_cast<long double>(plain.jackpots[li][both][credits - 1]);
+                    // (a hit's worth of slack, for rows that rarely or never hit)
+                    const long double p = k / grids, plainHalf = 2.5758L * std::sqrt((p + 1.0L / grids) / grids);
+                    const Figure& f = row[static_cast<std::size_t>(credits - 1)].jackpot;
+                    QVERIFY2(std::fabs(f.value - p) <= std::hypot(plainHalf, f.high - f.low),
+                             qPrintable(QString("lines %1 both %2: %3 against %4").arg(2 * li + 1).arg(both)
+                                            .arg(double(f.value)).arg(double(p))));
                 }
             }
         }
@@ -126,16 +167,16 @@ private slots:
     void randomSymbolsAreUniform()
     {
         SpinRandom random(3);
-        std::array<std::array<int, 7>, 16> seen{};
+        std::array<std::array<int, 7>, std::tuple_size_v<Grid>> seen{};
         Grid g{};
         const int draws = 70000;
         for (int i = 0; i < draws; ++i) {
             random.fillGrid(g, 7);
-            for (int cell = 1; cell <= 15; ++cell)
+            for (int cell = kFirstCell; cell < kFirstCell + kCellCount; ++cell)
                 ++seen[cell][g[cell]];
         }
         // Each count is about 10,000 with a standard deviation near 93.
-        for (int cell = 1; cell <= 15; ++cell)
+        for (int cell = kFirstCell; cell < kFirstCell + kCellCount; ++cell)
             for (int s = 0; s < 7; ++s)
                 QVERIFY(std::abs(seen[cell][s] - draws / 7) < 500);
     }

@@ -48,12 +48,28 @@ refuses "simulate even lines" simulate --spins 10 --lines 4 </dev/null
 refuses "simulate missing value" simulate --spins </dev/null
 refuses "simulate twice" simulate --spins 5 --spins 6 </dev/null
 
-# One symbol: every reading pays 2052 per credit: RTP 205200%, jackpot
-# exactly known for every bet.
+refuses "table symbols and folder" table --symbols 5 --folder . </dev/null
+refuses "table folder without 0.emf" table --folder /nonexistent </dev/null
+
+# One symbol: every reading pays 2052 per credit: RTP 205200%, every spin a
+# jackpot, counted over the one grid there is.
 table=$("$odds" table --symbols 1 --threads 1)
-check "table exact jackpot" "exact: P(jackpot), over all 1 grids" "$(printf '%s\n' "$table" | grep '^exact: P(jackpot)')"
-check "table one symbol" " 9 2 10 180 205200.000000 1.0000000000 369360.000000 1" \
-    "$(printf '%s\n' "$table" | tail -n 1 | tr -s ' ')"
+check "table exact jackpot" "jackpot (paid >= 8000 x credits per line): exact, over all 1 grids" \
+    "$(printf '%s\n' "$table" | grep '^jackpot')"
+check "table one symbol" " 9 2 10 180 205200.000000 1.0000000000 369360.000000" \
+    "$(printf '%s\n' "$table" | tail -n 1 | tr -s ' ' | cut -d' ' -f1-8)"
+check "table one symbol jackpot" "1 in 1.00 (exact)" "$(printf '%s\n' "$table" | tail -n 1 | grep -o '1 in .*')"
+
+# The symbols the game would load: 0.emf upwards until one its picture
+# reader refuses (here a text file in place of 2.emf).
+assets=$(dirname "$0")/../../../assets
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cp "$assets/0.emf" "$assets/1.emf" "$assets/3.emf" "$folder"
+echo "not a picture" > "$folder/2.emf"
+check "table folder" "reelmoor odds, 2 symbols:" \
+    "$("$odds" table --folder "$folder" --threads 1 | head -n 1 | cut -d' ' -f1-4)"
+
 sim=$("$odds" simulate --spins 200000 --symbols 10 --lines 5 --both --credits 2 --threads 2 --seed 4)
 check "simulate inside exact interval" "1" "$(printf '%s\n' "$sim" | grep -c '(inside the interval)')"
 

@@ -1,4 +1,4 @@
-#include "rules/odds.h"
+#include "tools/odds/odds.h"
 
 #include "rules/pay.h"
 #include "rules/settlement.h"

@@ -1,7 +1,6 @@
-#include "rules/simulation.h"
+#include "tools/odds/simulation.h"
 
 #include "rules/pay.h"
-#include "rules/paylines.h"
 #include "rules/settlement.h"
 
 #include <cmath>
@@ -35,42 +34,12 @@ struct GridValues {
     std::int64_t bound = 0;  // sum of raw values + 1.5 credits per paying reading
 };
 
-class ReadingValuer {
-public:
-    explicit ReadingValuer(int symbols) : n_(symbols)
-    {
-        // Small symbol counts get a table of every reading.
-        if (symbols <= 15) {
-            const int size = symbols * symbols * symbols * symbols * symbols;
-            table_.resize(static_cast<std::size_t>(size));
-            for (int i = 0; i < size; ++i) {
-                int s[5];
-                for (int j = 4, rest = i; j >= 0; --j, rest /= symbols)
-                    s[j] = rest % symbols;
-                table_[static_cast<std::size_t>(i)] = readLine(s[0], s[1], s[2], s[3], s[4]).value;
-            }
-        }
-    }
-    Currency operator()(int s1, int s2, int s3, int s4, int s5) const
-    {
-        if (!table_.empty())
-            return table_[static_cast<std::size_t>(((((s1 * n_) + s2) * n_ + s3) * n_ + s4) * n_ + s5)];
-        return mayPay(s1, s2, s3) ? readLine(s1, s2, s3, s4, s5).value : Currency();
-    }
-
-private:
-    int n_;
-    std::vector<Currency> table_;
-};
-
-GridValues gridValues(const std::array<int, 16>& sym, const ReadingValuer& valuer)
+GridValues gridValues(const Grid& sym, const ReadingValuer& valuer)
 {
     GridValues g;
-    for (int k = 0; k < kPayLineCount; ++k) {
-        const auto& c = kPayLines[static_cast<std::size_t>(k)];
-        const int a = sym[c[0]], b = sym[c[1]], m = sym[c[2]], d = sym[c[3]], e = sym[c[4]];
-        g.value[k] = valuer(a, b, m, d, e);
-        g.value[k + 9] = valuer(e, d, m, b, a);
+    for (std::size_t k = 0; k < g.value.size(); ++k) {
+        const ReadingCells& c = allReadings()[k];
+        g.value[k] = valuer(sym[c[0]], sym[c[1]], sym[c[2]], sym[c[3]], sym[c[4]]);
     }
     for (const Currency v : g.value)
         if (v > Currency())
@@ -108,27 +77,36 @@ void countJackpots(const GridValues& g, JackpotTally& tally)
 
 SpinRandom::SpinRandom(std::uint64_t seed) : state_(splitmix(seed)) {}
 
-std::vector<std::array<int, 5>> playedReadings(int lines, bool bothways)
+ReadingValuer::ReadingValuer(int symbols) : n_(symbols)
 {
-    std::vector<std::array<int, 5>> readings;
-    if (!isPlayableLineCount(lines))
-        return readings;
-    for (int k = 1; k <= lines; ++k)
-        readings.push_back(lineCells(k, Reading::LeftToRight));
-    if (bothways)
-        for (int k = 1; k <= lines; ++k)
-            readings.push_back(lineCells(k, Reading::RightToLeft));
-    return readings;
+    // Small symbol counts get a table of every reading.
+    if (symbols <= 15) {
+        const int size = symbols * symbols * symbols * symbols * symbols;
+        table_.resize(static_cast<std::size_t>(size));
+        for (int i = 0; i < size; ++i) {
+            int s[5];
+            for (int j = 4, rest = i; j >= 0; --j, rest /= symbols)
+                s[j] = rest % symbols;
+            table_[static_cast<std::size_t>(i)] = readLine(s[0], s[1], s[2], s[3], s[4]).value;
+        }
+    }
 }
 
-Currency spinPaid(const std::array<int, 16>& symbol, const std::vector<std::array<int, 5>>& readings,
+Currency ReadingValuer::operator()(int s1, int s2, int s3, int s4, int s5) const
+{
+    if (!table_.empty())
+        return table_[static_cast<std::size_t>(((((s1 * n_) + s2) * n_ + s3) * n_ + s4) * n_ + s5)];
+    return mayPay(s1, s2, s3) ? readLine(s1, s2, s3, s4, s5).value : Currency();
+}
+
+Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,
                   Currency creditsperline)
 {
     // mayPay, with a mask per cell: one bit for its figure, one for its
     // colour. Three cells share a figure or a colour exactly when the AND of
     // their masks is not zero.
-    std::array<std::uint32_t, 16> mask;
-    for (int cell = 1; cell <= 15; ++cell)
+    std::array<std::uint32_t, std::tuple_size_v<Grid>> mask{};
+    for (int cell = kFirstCell; cell < kFirstCell + kCellCount; ++cell)
         mask[cell] = runMask(symbol[cell]);
     Currency total;
     for (const auto& c : readings) {
@@ -176,7 +154,7 @@ SimulationTally simulate(const SpinSetup& setup, std::uint64_t spins, std::uint6
     const Currency cpl = Currency::fromWhole(setup.creditsperline);
     const Currency jackpot = Currency::fromWhole(kJackpotFactor) * cpl;
     SpinRandom random(seed);
-    std::array<int, 16> symbol{};
+    Grid symbol{};
     for (std::uint64_t i = 0; i < spins; ++i) {
         random.fillGrid(symbol, setup.symbols);
         const Currency paid = spinPaid(symbol, readings, cpl);
@@ -209,7 +187,7 @@ JackpotTally jackpotSample(int symbols, std::uint64_t spins, std::uint64_t seed)
     JackpotTally tally;
     const ReadingValuer valuer(symbols);
     SpinRandom random(seed);
-    std::array<int, 16> symbol{};
+    Grid symbol{};
     for (std::uint64_t i = 0; i < spins; ++i) {
         random.fillGrid(symbol, symbols);
         countJackpots(gridValues(symbol, valuer), tally);
@@ -222,14 +200,14 @@ JackpotTally jackpotExhaustive(int symbols, int part, int parts)
     JackpotTally tally;
     const ReadingValuer valuer(symbols);
     for (int first = part; first < symbols; first += parts) {
-        std::array<int, 16> symbol{};
-        symbol[1] = first;
+        Grid symbol{};
+        symbol[kFirstCell] = first;
         for (;;) {
             countJackpots(gridValues(symbol, valuer), tally);
-            int cell = 15;  // odometer over cells 2..15
-            while (cell >= 2 && ++symbol[cell] == symbols)
+            int cell = kFirstCell + kCellCount - 1;  // odometer over the cells after the first
+            while (cell > kFirstCell && ++symbol[cell] == symbols)
                 symbol[cell--] = 0;
-            if (cell < 2)
+            if (cell == kFirstCell)
                 break;
         }
     }
