@@ -52,11 +52,18 @@ struct DeviceContext {
 struct ReferenceDevice {
     double pixelsPerMmX = 96 / 25.4;
     double pixelsPerMmY = 96 / 25.4;
+    QSizeF pixels{96, 96};           // the device's size
+    QSizeF millimetres{25.4, 25.4};
 };
 
 // Logical units to reference-device pixels under the map mode, window and
 // viewport of dc (without the world transform).
 QTransform pageTransform(const DeviceContext& dc, const ReferenceDevice& device);
+
+// The window and viewport extents a mapping has when a file switches from
+// it to MM_ISOTROPIC or MM_ANISOTROPIC: the same scale, as the reference
+// device states it (1:1 from MM_TEXT).
+void keepExtentsOnSwitch(DeviceContext& dc, const ReferenceDevice& device);
 
 // World transform then page transform.
 QTransform logicalToDevice(const DeviceContext& dc, const ReferenceDevice& device);

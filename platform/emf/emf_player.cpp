@@ -27,6 +27,8 @@ Player::Player(const char* data, const CheckedMetafile& mf)
     const HeaderInfo& h = mf.header;
     device_.pixelsPerMmX = double(h.device.cx) / h.millimeters.cx;
     device_.pixelsPerMmY = double(h.device.cy) / h.millimeters.cy;
+    device_.pixels = QSizeF(h.device.cx, h.device.cy);
+    device_.millimetres = QSizeF(h.millimeters.cx, h.millimeters.cy);
     const QPointF topLeft(h.frame.left / 100.0 * device_.pixelsPerMmX,
                           h.frame.top / 100.0 * device_.pixelsPerMmY);
     const QPointF bottomRight(h.frame.right / 100.0 * device_.pixelsPerMmX,
