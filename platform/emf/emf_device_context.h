@@ -6,11 +6,26 @@
 #include <QPainterPath>
 #include <QPointF>
 #include <QSizeF>
+#include <QString>
 #include <QTransform>
 
 #include <cstdint>
 
 namespace emf {
+
+// A font as the metafile describes it; emf_fonts resolves it to a Qt font.
+struct FontObject {
+    double height = 0;      // logical units: negative the character height, positive the cell's
+    double width = 0;       // average character width, 0 for the face's own
+    double escapement = 0;  // tenths of a degree, counterclockwise
+    int weight = 400;
+    bool italic = false;
+    bool underline = false;
+    bool strikeOut = false;
+    std::uint8_t charset = 1;  // DEFAULT_CHARSET
+    std::uint8_t pitchAndFamily = 0;
+    QString face;
+};
 
 struct PenObject {
     bool visible = true;     // false for the null pen
@@ -34,6 +49,12 @@ struct DeviceContext {
     bool windingFill = false;  // the default fill mode is alternate (odd-even)
     bool clockwiseArcs = false;
     double miterLimit = 10;
+
+    FontObject font;
+    std::uint32_t textAlign = 0;  // TA_LEFT | TA_TOP, no current position
+    QColor textColor = Qt::black;
+    QColor backgroundColor = Qt::white;
+    bool opaqueBackground = true;  // OPAQUE until SetBkMode says TRANSPARENT
 
     std::uint32_t mapMode = 1;  // MM_TEXT
     QPointF windowOrg{0, 0};

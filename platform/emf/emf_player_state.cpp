@@ -226,7 +226,7 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
         objects_.create(readU32(rec, 8), unseen);
         return;
     }
-    case U_EMR_EXTCREATEFONTINDIRECTW: case U_EMR_CREATEPALETTE:
+    case U_EMR_CREATEPALETTE:
     case U_EMR_CREATECOLORSPACE: case U_EMR_CREATECOLORSPACEW:
         if (size >= 12)
             objects_.create(readU32(rec, 8), OtherObject{});
