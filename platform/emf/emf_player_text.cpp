@@ -6,6 +6,7 @@
 #include "platform/emf/emf_text.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QLineF>
 
 #include <cmath>
@@ -93,7 +94,10 @@ void Player::drawText(const TextRun& run)
     // programs paint their backgrounds this way.
     if (!inPath_ && (run.options & U_ETO_OPAQUE) && !rect.isEmpty())
         addTextFill(rect, dc_.backgroundColor);
-    if (run.text.isEmpty() || glyphsDrawn_ >= kMaxGlyphs)
+    // Fonts need the application's font database; without one (a tool that
+    // made no QGuiApplication) the text is left out.
+    if (run.text.isEmpty() || glyphsDrawn_ >= kMaxGlyphs ||
+        !qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return;
 
     // Device pixels per logical unit along x and y; the font's height
