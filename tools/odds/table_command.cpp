@@ -25,6 +25,17 @@ std::string precision(const Figure& f)
     return text;
 }
 
+// text padded with blanks to columns characters (the ± takes two bytes).
+std::string padded(std::string text, std::size_t columns)
+{
+    std::size_t shown = 0;
+    for (unsigned char c : text)
+        shown += (c & 0xC0) != 0x80;
+    if (shown < columns)
+        text.append(columns - shown, ' ');
+    return text;
+}
+
 std::string chance(const Figure& f)
 {
     char text[64];
@@ -96,10 +107,10 @@ int tableCommand(const std::vector<std::string_view>& args)
                 char paying[40], spread[40];
                 std::snprintf(paying, sizeof paying, "%.6Lf %s", f.paying.value, precision(f.paying).c_str());
                 std::snprintf(spread, sizeof spread, "%.4Lf %s", f.spread.value, precision(f.spread).c_str());
-                std::printf("%5d %4d %4d %5lld %12.6Lf %13.10Lf %13.6Lf  %-24s %-20s %s\n", kLineChoices[li],
+                std::printf("%5d %4d %4d %5lld %12.6Lf %13.10Lf %13.6Lf  %s %s %s\n", kLineChoices[li],
                             both + 1, cpl, static_cast<long long>(odds.bet), odds.rtpPercent(),
-                            odds.payingProbability(), odds.expectedPaidPerSpin(), paying, spread,
-                            chance(jackpot).c_str());
+                            odds.payingProbability(), odds.expectedPaidPerSpin(), padded(paying, 24).c_str(),
+                            padded(spread, 20).c_str(), chance(jackpot).c_str());
             }
         }
     }
