@@ -45,6 +45,7 @@ struct DrawOp {
 struct PictureData {
     QRectF frame;       // the header's frame in reference-device pixels
     QSize naturalSize;  // the frame at 96 dpi
+    QSizeF exactSize;   // the same, unrounded
     std::vector<DrawOp> ops;
 };
 

@@ -81,6 +81,11 @@ QSize EmfPicture::naturalSize() const
     return d_ ? d_->naturalSize : QSize();
 }
 
+QSizeF EmfPicture::exactSize() const
+{
+    return d_ ? d_->exactSize : QSizeF();
+}
+
 void EmfPicture::paint(QPainter& painter, const QRectF& target) const
 {
     if (!d_)

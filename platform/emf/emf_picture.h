@@ -19,6 +19,8 @@ public:
 
     // The header's frame (0.01 mm) at 96 dpi, rounded: 1931 -> 73 px.
     QSize naturalSize() const;
+    // The same, unrounded: the frame's own aspect, for fitting it anywhere.
+    QSizeF exactSize() const;
 
     // Draws the picture with its frame mapped onto target (logical units of
     // the painter; drawing stays vector, so a HiDPI painter gets crisp edges).

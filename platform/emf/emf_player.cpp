@@ -34,8 +34,9 @@ Player::Player(const char* data, const CheckedMetafile& mf)
     out_.frame = QRectF(topLeft, bottomRight);
     const double frameW = double(h.frame.right) - h.frame.left;
     const double frameH = double(h.frame.bottom) - h.frame.top;
-    out_.naturalSize = QSize(int(std::lround(frameW * 96 / 2540)),
-                             int(std::lround(frameH * 96 / 2540)));
+    out_.exactSize = QSizeF(frameW * 96 / 2540, frameH * 96 / 2540);
+    out_.naturalSize = QSize(int(std::lround(out_.exactSize.width())),
+                             int(std::lround(out_.exactSize.height())));
     everything_.addRect(out_.frame.adjusted(-kMaxCoordinate, -kMaxCoordinate,
                                             kMaxCoordinate, kMaxCoordinate));
 }

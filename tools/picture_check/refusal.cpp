@@ -1,0 +1,40 @@
+#include "tools/picture_check/refusal.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace picture_check {
+
+namespace {
+
+constexpr qsizetype kMaxFileBytes = 32 * 1024 * 1024;
+constexpr std::uint32_t kHeaderRecord = 1;
+constexpr std::uint32_t kSignature = 0x464D4520;  // " EMF"
+
+std::uint32_t word(const QByteArray& bytes, qsizetype at)
+{
+    std::uint32_t v = 0;
+    if (at >= 0 && at + 4 <= bytes.size())
+        std::memcpy(&v, bytes.constData() + at, 4);
+    return v;
+}
+
+}  // namespace
+
+QString whyRefused(const QByteArray& bytes, bool readable)
+{
+    if (!readable)
+        return QStringLiteral("the file cannot be read");
+    if (bytes.size() > kMaxFileBytes)
+        return QStringLiteral("the file is larger than 32 MiB");
+    if (bytes.size() < 88 || word(bytes, 0) != kHeaderRecord || word(bytes, 40) != kSignature)
+        return QStringLiteral("the file is no enhanced metafile");
+    const std::uint32_t stated = word(bytes, 48);
+    if (stated > std::uint64_t(bytes.size()))
+        return QStringLiteral("the file is cut short: its header promises %1 bytes, it holds %2")
+            .arg(stated)
+            .arg(bytes.size());
+    return QStringLiteral("its header or one of its records is damaged");
+}
+
+}  // namespace picture_check
