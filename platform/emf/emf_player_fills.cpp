@@ -113,7 +113,7 @@ void Player::fillRecord(std::uint32_t type, const char* rec)
         QPainterPath dot;
         dot.addRect(QRectF(std::floor(at.x()), std::floor(at.y()), 1, 1));
         // A run of pixels of one colour under one clip becomes one shape.
-        if (pixelRun_ + 1 == out_.ops.size() && out_.ops.back().brush.color() == colour &&
+        if (!out_.ops.empty() && pixelRun_ == out_.ops.size() - 1 && out_.ops.back().brush.color() == colour &&
             out_.ops.back().clipped == dc_.clipped && (!dc_.clipped || out_.ops.back().clip == dc_.clip)) {
             out_.ops.back().path.addRect(dot.boundingRect());
             return;
