@@ -2,6 +2,7 @@
 // bitmap brushes, single pixels, regions and gradients, each drawn into a
 // 40 x 40 picture and checked at a few points.
 #include "platform/emf/emf_picture.h"
+#include "tools/pictures/emf_raw_record.h"
 #include "tools/pictures/emf_writer.h"
 
 #include <QBuffer>
@@ -10,8 +11,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,71 +22,20 @@ using Table = std::vector<std::uint32_t>;  // colours, or bit masks
 constexpr QRgb R = 0xffff0000, G = 0xff00ff00, B = 0xff0000ff, W = 0xffffffff, K = 0xff000000,
                C = 0xff00ffff;
 
-std::string le(std::uint32_t v, int bytes = 4)
-{
-    std::string s;
-    for (int i = 0; i < bytes; ++i)
-        s += char(v >> (8 * i) & 0xff);
-    return s;
-}
-
-// A bitmap header with its colour table (or masks), and the pixels.
-struct Dib {
-    std::string info;
-    std::string bits;
-};
-
-Dib dib(int w, int h, int depth, std::uint32_t compression, const std::vector<std::uint32_t>& table,
-        const std::string& bits)
-{
-    std::string info = le(40) + le(std::uint32_t(w)) + le(std::uint32_t(h)) + le(1, 2) + le(std::uint32_t(depth), 2) +
-                       le(compression) + le(std::uint32_t(bits.size())) + le(0) + le(0) +
-                       le(compression == U_BI_BITFIELDS ? 0 : std::uint32_t(table.size())) + le(0);
-    for (std::uint32_t t : table)
-        info += le(t);
-    return {info, bits};
-}
-
-// A record of `type` with a fixed part of `fixed` bytes holding the given
-// 32-bit fields, then `tail`.
-char* record(std::uint32_t type, std::size_t fixed, const std::vector<std::pair<std::size_t, std::uint32_t>>& fields,
-             const std::string& tail = {})
-{
-    std::string r(fixed, '\0');
-    for (const auto& [at, v] : fields)
-        if (at + 4 <= fixed)
-            r.replace(at, 4, le(v));
-    r += tail;
-    r.resize((r.size() + 3) / 4 * 4, '\0');
-    r.replace(0, 8, le(type) + le(std::uint32_t(r.size())));
-    char* out = static_cast<char*>(std::malloc(r.size()));
-    std::memcpy(out, r.data(), r.size());
-    return out;
-}
-
-// The same with a bitmap after the fixed part, located by the four fields at bmiAt.
-char* record(std::uint32_t type, std::size_t fixed, std::vector<std::pair<std::size_t, std::uint32_t>> fields,
-             const Dib& d, std::size_t bmiAt)
-{
-    const std::size_t infoSize = (d.info.size() + 3) / 4 * 4;
-    fields.insert(fields.end(), {{bmiAt, std::uint32_t(fixed)}, {bmiAt + 4, std::uint32_t(d.info.size())},
-                                 {bmiAt + 8, std::uint32_t(fixed + infoSize)}, {bmiAt + 12, std::uint32_t(d.bits.size())}});
-    return record(type, fixed, fields, d.info + std::string(infoSize - d.info.size(), '\0') + d.bits);
-}
-
+std::string le(std::uint32_t v, int bytes = 4) { return littleEndian(v, bytes); }
 // The bitmap stretched over the picture's 40 x 40 pixels.
-char* stretchDib(const Dib& d, int srcW, int srcH, std::uint32_t rop = U_SRCCOPY)
+char* stretchDib(const RawDib& d, int srcW, int srcH, std::uint32_t rop = U_SRCCOPY)
 {
-    return record(U_EMR_STRETCHDIBITS, 80, {{16, 40}, {20, 40}, {40, std::uint32_t(srcW)}, {44, std::uint32_t(srcH)},
+    return rawRecord(U_EMR_STRETCHDIBITS, 80, {{16, 40}, {20, 40}, {40, std::uint32_t(srcW)}, {44, std::uint32_t(srcH)},
                                             {68, rop}, {72, 40}, {76, 40}}, d, 48);
 }
 
 // BitBlt-like records: StretchBlt, AlphaBlend, TransparentBlt over 40 x 40.
-char* blt(std::uint32_t type, const Dib* d, int srcW, int srcH, std::uint32_t ropOrBlend)
+char* blt(std::uint32_t type, const RawDib* d, int srcW, int srcH, std::uint32_t ropOrBlend)
 {
     if (!d)  // no bitmap: the brush alone
-        return record(type, 100, {{32, 40}, {36, 40}, {40, ropOrBlend}});
-    return record(type, type == U_EMR_BITBLT ? 100 : 108,
+        return rawRecord(type, 100, {{32, 40}, {36, 40}, {40, ropOrBlend}});
+    return rawRecord(type, type == U_EMR_BITBLT ? 100 : 108,
                   {{32, 40}, {36, 40}, {40, ropOrBlend}, {52, 0x3f800000}, {64, 0x3f800000},
                    {100, std::uint32_t(srcW)}, {104, std::uint32_t(srcH)}},
                   *d, 84);
@@ -209,7 +157,7 @@ private slots:
         QFETCH(QByteArray, bits);
         QFETCH(std::vector<Expect>, expected);
         const int height = (width == 2 ? 2 : width) * (depth < 0 ? -1 : 1);
-        const Dib d = dib(width, height, std::abs(depth), std::uint32_t(compression), table, bits.toStdString());
+        const RawDib d = rawDib(width, height, std::abs(depth), std::uint32_t(compression), table, bits.toStdString());
         checkPoints(render([&](EmfWriter& e) { e.add(stretchDib(d, 2, 2)); }), expected);
     }
 
@@ -238,7 +186,7 @@ private slots:
         QFETCH(uint, rop);
         QFETCH(bool, source);
         QFETCH(std::vector<Expect>, expected);
-        const Dib d = dib(2, 1, 1, U_BI_RGB, {0, 0xffffff}, std::string("\x40\0\0\0", 4));
+        const RawDib d = rawDib(2, 1, 1, U_BI_RGB, {0, 0xffffff}, std::string("\x40\0\0\0", 4));
         checkPoints(render([&](EmfWriter& e) {
                         e.select(U_BLACK_BRUSH);
                         e.select(U_NULL_PEN);
@@ -258,12 +206,12 @@ private slots:
         std::string checker;
         for (int y = 0; y < 8; ++y)
             checker += (y < 4 ? "\xf0"s : "\x0f"s) + std::string(3, '\0');  // bottom row first
-        const Dib tile = dib(8, 8, 1, U_BI_RGB, {0, 0xffffff}, checker);
+        const RawDib tile = rawDib(8, 8, 1, U_BI_RGB, {0, 0xffffff}, checker);
         for (std::uint32_t type : {U_EMR_CREATEDIBPATTERNBRUSHPT, U_EMR_CREATEMONOBRUSH})
             QTest::newRow(type == U_EMR_CREATEMONOBRUSH ? "mono brush" : "bitmap brush")
                 << Draw([=](EmfWriter& e) {
                        const std::uint32_t h = e.brush(U_BS_SOLID, rgb(0, 0, 255));
-                       e.add(record(type, 32, {{8, h}}, tile, 16));
+                       e.add(rawRecord(type, 32, {{8, h}}, tile, 16));
                        e.select(h);
                        e.select(U_NULL_PEN);
                        e.rectangle({0, 0, 41, 41});
@@ -275,7 +223,7 @@ private slots:
             return Draw([=](EmfWriter& e) {
                 e.select(U_BLACK_BRUSH);
                 const std::uint32_t red = e.brush(U_BS_SOLID, rgb(255, 0, 0));
-                e.add(record(type, fixed, {{24, std::uint32_t(twoBoxes.size())}, {28, red}, {32, 4}, {36, 4}},
+                e.add(rawRecord(type, fixed, {{24, std::uint32_t(twoBoxes.size())}, {28, red}, {32, 4}, {36, 4}},
                              twoBoxes));
             });
         };
@@ -295,7 +243,7 @@ private slots:
         };
         auto gradient = [](std::uint32_t mode, std::uint32_t vertices, const std::string& tail) {
             return Draw([=](EmfWriter& e) {
-                e.add(record(U_EMR_GRADIENTFILL, 36, {{24, vertices}, {28, 1}, {32, mode}}, tail));
+                e.add(rawRecord(U_EMR_GRADIENTFILL, 36, {{24, vertices}, {28, 1}, {32, mode}}, tail));
             });
         };
         QTest::newRow("gradient across")
@@ -312,11 +260,11 @@ private slots:
             e.add(U_EMRSETPIXELV_set({5, 5}, rgb(255, 0, 0)));
             e.add(U_EMRSETPIXELV_set({6, 5}, rgb(255, 0, 0)));
         }) << std::vector<Expect>{{{5, 5}, R}, {{6, 5}, R}, {{7, 5}, W}, {{5, 6}, W}};
-        const Dib redOnly = dib(1, 1, 32, U_BI_RGB, {}, le(0xff0000));
+        const RawDib redOnly = rawDib(1, 1, 32, U_BI_RGB, {}, le(0xff0000));
         QTest::newRow("half blended")
             << Draw([=](EmfWriter& e) { e.add(blt(U_EMR_ALPHABLEND, &redOnly, 1, 1, 128 << 16)); })
             << quadrants(0xffff8080, 0xffff8080, 0xffff8080, 0xffff8080);
-        const Dib redGreen = dib(2, 1, 24, U_BI_RGB, {}, std::string("\0\0\xff\0\xff\0\0\0", 8));
+        const RawDib redGreen = rawDib(2, 1, 24, U_BI_RGB, {}, std::string("\0\0\xff\0\xff\0\0\0", 8));
         QTest::newRow("green transparent")
             << Draw([=](EmfWriter& e) { e.add(blt(U_EMR_TRANSPARENTBLT, &redGreen, 2, 1, 0x00ff00)); })
             << quadrants(R, W, R, W);
