@@ -7,6 +7,7 @@
 #include "platform/emf/emf_dib.h"
 #include "platform/emf/emf_draw_op.h"
 #include "platform/emf/emf_objects.h"
+#include "platform/emf/emf_plus.h"
 #include "platform/emf/emf_record_check.h"
 
 #include <cstdint>
@@ -83,6 +84,7 @@ private:
     PictureData out_;
     std::int64_t bitmapPixels_ = 0;  // decoded so far, against kMaxPicturePixels
     std::size_t pixelRun_ = SIZE_MAX;  // the op that single pixels of one colour join
+    std::vector<PlusChunk> plusChunks_;  // EMF+ records, drawn when nothing else is
 };
 
 }  // namespace emf
