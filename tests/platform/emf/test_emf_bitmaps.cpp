@@ -1,16 +1,17 @@
 // Bitmaps in every layout a metafile may carry them, raster operations,
-// bitmap brushes, single pixels, regions and gradients, each drawn into a
-// 40 x 40 picture and checked at a few points.
+// bitmap brushes, single pixels, regions, gradients and EMF+ records, each
+// drawn into a 40 x 40 picture and checked at a few points.
 #include "platform/emf/emf_picture.h"
 #include "tools/pictures/emf_raw_record.h"
 #include "tools/pictures/emf_writer.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <bit>
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,13 +24,6 @@ constexpr QRgb R = 0xffff0000, G = 0xff00ff00, B = 0xff0000ff, W = 0xffffffff, K
                C = 0xff00ffff;
 
 std::string le(std::uint32_t v, int bytes = 4) { return littleEndian(v, bytes); }
-// The bitmap stretched over the picture's 40 x 40 pixels.
-char* stretchDib(const RawDib& d, int srcW, int srcH, std::uint32_t rop = U_SRCCOPY)
-{
-    return rawRecord(U_EMR_STRETCHDIBITS, 80, {{16, 40}, {20, 40}, {40, std::uint32_t(srcW)}, {44, std::uint32_t(srcH)},
-                                            {68, rop}, {72, 40}, {76, 40}}, d, 48);
-}
-
 // BitBlt-like records: StretchBlt, AlphaBlend, TransparentBlt over 40 x 40.
 char* blt(std::uint32_t type, const RawDib* d, int srcW, int srcH, std::uint32_t ropOrBlend)
 {
@@ -51,9 +45,7 @@ QImage render(const Draw& draw)
         if (!emf.finish())
             return {};
     }
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    const auto picture = EmfPicture::fromBytes(file.readAll());
+    const auto picture = EmfPicture::load(path);
     QImage image(40, 40, QImage::Format_RGB32);
     image.fill(Qt::white);
     if (picture) {
@@ -63,16 +55,12 @@ QImage render(const Draw& draw)
     return image;
 }
 
-bool near(QRgb a, QRgb b, int tolerance = 40)
+bool near(QRgb a, QRgb b)
 {
-    return std::abs(qRed(a) - qRed(b)) <= tolerance && std::abs(qGreen(a) - qGreen(b)) <= tolerance &&
-           std::abs(qBlue(a) - qBlue(b)) <= tolerance;
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))}) <= 40;
 }
 
-struct Expect {
-    QPoint at;
-    QRgb colour;
-};
+struct Expect { QPoint at; QRgb colour; };
 
 void checkPoints(const QImage& image, const std::vector<Expect>& expected)
 {
@@ -89,12 +77,19 @@ std::vector<Expect> quadrants(QRgb tl, QRgb tr, QRgb bl, QRgb br)
     return {{{10, 10}, tl}, {{30, 10}, tr}, {{10, 30}, bl}, {{30, 30}, br}};
 }
 
+// An EMF+ record.
+std::string plus(std::uint16_t type, std::uint16_t flags, const std::string& data)
+{
+    return littleEndian(type, 2) + littleEndian(flags, 2) + littleEndian(std::uint32_t(12 + data.size())) +
+           littleEndian(std::uint32_t(data.size())) + data;
+}
+
 const Table kFour{0xff0000, 0x00ff00, 0x0000ff, 0xffffff};
 
 QByteArray png()
 {
-    QImage image(2, 2, QImage::Format_RGB32);
-    image.setPixel(0, 0, R), image.setPixel(1, 0, G), image.setPixel(0, 1, B), image.setPixel(1, 1, W);
+    const QRgb pixels[] = {R, G, B, W};
+    const QImage image(reinterpret_cast<const uchar*>(pixels), 2, 2, QImage::Format_RGB32);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -115,16 +110,16 @@ private slots:
     // over white, black); damaged ones draw what they hold, or nothing.
     void bitmaps_data()
     {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<int>("depth");
-        QTest::addColumn<int>("compression");
-        QTest::addColumn<Table>("table");
-        QTest::addColumn<QByteArray>("bits");
+        QTest::addColumn<Draw>("draw");
         QTest::addColumn<std::vector<Expect>>("expected");
         auto row = [](const char* name, int depth, int compression, Table table, const std::string& bits,
                       std::vector<Expect> expected = quadrants(R, G, B, W), int width = 2) {
-            QTest::newRow(name) << width << depth << compression << table
-                                << QByteArray(bits.data(), qsizetype(bits.size())) << expected;
+            // Negative depth: top-down. The bitmap is stretched over the whole picture.
+            const int height = (width == 2 ? 2 : width) * (depth < 0 ? -1 : 1);
+            const RawDib d = rawDib(width, height, std::abs(depth), std::uint32_t(compression), table, bits);
+            QTest::newRow(name) << Draw([=](EmfWriter& e) {
+                e.add(rawRecord(U_EMR_STRETCHDIBITS, 80, {{40, 2}, {44, 2}, {68, U_SRCCOPY}, {72, 40}, {76, 40}}, d, 48));
+            }) << expected;
         };
         using namespace std::string_literals;
         const Table none;
@@ -148,18 +143,7 @@ private slots:
         row("literal past the data", 8, U_BI_RLE8, kFour, "\x01\x02\0\x40\x01"s, quadrants(W, W, B, W));
         row("unknown depth", 7, U_BI_RGB, none, std::string(16, '\0'), blank);
     }
-    void bitmaps()
-    {
-        QFETCH(int, width);
-        QFETCH(int, depth);  // negative: top-down
-        QFETCH(int, compression);
-        QFETCH(Table, table);
-        QFETCH(QByteArray, bits);
-        QFETCH(std::vector<Expect>, expected);
-        const int height = (width == 2 ? 2 : width) * (depth < 0 ? -1 : 1);
-        const RawDib d = rawDib(width, height, std::abs(depth), std::uint32_t(compression), table, bits.toStdString());
-        checkPoints(render([&](EmfWriter& e) { e.add(stretchDib(d, 2, 2)); }), expected);
-    }
+    void bitmaps() { fills(); }
 
     // A black-over-white drawing, a black | white bitmap and a red brush;
     // quadrants: source black or white over drawing black or white.
@@ -275,6 +259,51 @@ private slots:
         QFETCH(std::vector<Expect>, expected);
         checkPoints(render(draw), expected);
     }
+
+    // EMF+ records in comments draw when the plain records draw nothing.
+    void plusRecords_data()
+    {
+        QTest::addColumn<Draw>("draw");
+        QTest::addColumn<std::vector<Expect>>("expected");
+        auto f = [](std::initializer_list<float> values) {
+            std::string out;
+            for (float v : values)
+                out += le(std::bit_cast<std::uint32_t>(v));
+            return out;
+        };
+        const std::string header = plus(0x4001, 1, le(0xdbc01002) + le(0) + le(96) + le(96));
+        const std::string redBrush = plus(0x4008, 0x100, le(0xdbc01002) + le(0) + le(0xffff0000));
+        const std::string blackPen =
+            plus(0x4008, 0x201, le(0xdbc01002) + le(0) + le(0) + le(0) + f({4}) + le(0xdbc01002) + le(0) + le(K));
+        const std::string square = plus(0x4008, 0x302, le(0xdbc01002) + le(4) + le(0) + f({0, 0, 40, 0, 40, 40, 0, 40}) +
+                                                       std::string("\0\x01\x01\x81", 4));
+        auto picture = [=](const std::string& records, bool plainToo = false) {
+            return Draw([=](EmfWriter& e) {
+                if (plainToo) {
+                    e.select(U_BLACK_BRUSH);
+                    e.rectangle({0, 0, 20, 20});
+                }
+                e.add(rawRecord(U_EMR_COMMENT, 12, {{8, std::uint32_t(4 + header.size() + records.size())}},
+                                "EMF+" + header + records));
+            });
+        };
+        QTest::newRow("object brush") << picture(redBrush + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 20, 40})))
+                                      << quadrants(R, W, R, W);
+        QTest::newRow("moved ellipse") << picture(plus(0x402d, 0, f({20, 0})) +
+                                                  plus(0x400e, 0x8000, le(B) + f({0, 0, 20, 20})))
+                                       << quadrants(W, B, W, W);
+        QTest::newRow("clipped path") << picture(square + plus(0x4032, 0, f({0, 0, 20, 40})) +
+                                                 plus(0x4014, 0x8002, le(G)))
+                                      << quadrants(G, W, G, W);
+        QTest::newRow("page in points") << picture(plus(0x4030, 3, f({1})) +
+                                                   plus(0x400a, 0x8000, le(R) + le(1) + f({15, 0, 15, 15})))
+                                        << quadrants(W, R, W, W);
+        QTest::newRow("pen") << picture(blackPen + plus(0x400d, 1, le(2) + f({0, 20, 40, 20})))
+                             << std::vector<Expect>{{{10, 20}, K}, {{30, 19}, K}, {{20, 10}, W}, {{20, 30}, W}};
+        QTest::newRow("plain records win") << picture(redBrush + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})), true)
+                                           << quadrants(K, W, W, W);
+    }
+    void plusRecords() { fills(); }
 };
 
 QTEST_MAIN(EmfBitmapsTest)
