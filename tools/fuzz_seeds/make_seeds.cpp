@@ -226,6 +226,62 @@ bool bitmaps(const fs::path& path)
     return e.finish();
 }
 
+// A picture drawn by EMF+ records alone: every object kind and the drawing,
+// transform, state and clipping records.
+bool plusRecords(const fs::path& path)
+{
+    EmfWriter e(path.string(), 48, 48);
+    auto le = [](uint32_t v, int n = 4) { return littleEndian(v, n); };
+    auto f = [&](std::initializer_list<float> values) {
+        std::string out;
+        for (float v : values) {
+            uint32_t bits;
+            std::memcpy(&bits, &v, 4);
+            out += le(bits);
+        }
+        return out;
+    };
+    auto rec = [&](uint16_t type, uint16_t flags, const std::string& data) {
+        return le(type, 2) + le(flags, 2) + le(uint32_t(12 + data.size())) + le(uint32_t(data.size())) + data;
+    };
+    const std::string v = le(0xdbc01002);
+    const std::string name = std::string("A\0r\0i\0a\0l\0", 10);
+    const std::string hi = std::string("H\0i\0\n\0!\0", 8);
+    const std::string records =
+        rec(0x4001, 1, v + le(0) + le(96) + le(96)) + rec(0x4030, 2, f({1})) +
+        rec(0x4008, 0x100, v + le(0) + le(0xff20a020)) +
+        rec(0x4008, 0x101, v + le(4) + le(0) + le(0) + f({0, 0, 20, 0}) + le(0xffff0000) + le(0xff0000ff) + le(0) + le(0)) +
+        rec(0x4008, 0x202, v + le(0) + le(0x13f) + le(0) + f({2}) + le(2) + le(2) + le(1) + f({4}) + le(1) + le(1) +
+                               f({3}) + v + le(0) + le(0xff000000)) +
+        rec(0x4008, 0x303, v + le(4) + le(0x4000) + le(0) + le(0x00100010) + le(0x00200030) + le(0x00300000) +
+                               std::string("\0\x01\x03\x83", 4)) +
+        rec(0x4008, 0x504, v + le(1) + le(2) + le(2) + le(8) + le(0x26200a) + le(0) + le(0xffff0000) +
+                               le(0x8000ff00) + le(0xff0000ff) + le(0)) +
+        rec(0x4008, 0x605, v + f({12}) + le(2) + le(1) + le(0) + le(5) + name) +
+        rec(0x4008, 0x706, v + le(0) + le(0) + le(1) + le(1) + std::string(40, '\0')) +
+        rec(0x4025, 0, le(1)) + rec(0x402a, 0, f({1, 0, 0, 1, 2, 2})) + rec(0x402f, 0x2000, f({15})) +
+        rec(0x402e, 0, f({1.5f, 1})) + rec(0x402d, 0x2000, f({-2, 1})) + rec(0x402c, 0, f({1, 0.1f, 0, 1, 0, 0})) +
+        rec(0x4032, 0x100, f({0, 0, 46, 46})) + rec(0x4033, 0x403, "") + rec(0x4035, 0, f({1, 1})) +
+        rec(0x400a, 0, le(0) + le(2) + f({0, 0, 10, 10, 12, 0, 10, 10})) +
+        rec(0x400b, 0x4002, le(1) + le(0x00020002) + le(0x00080008)) +
+        rec(0x400c, 0x8000, le(0xff808080) + le(3) + f({0, 20, 10, 30, 0, 30})) +
+        rec(0x400d, 0x2002, le(3) + f({20, 20, 30, 25, 20, 30})) + rec(0x400e, 1, le(1) + f({30, 0, 10, 8})) +
+        rec(0x400f, 2, f({30, 10, 10, 8})) + rec(0x4010, 0x8000, le(0xff00ffff) + f({0, 90}) + f({0, 36, 10, 10})) +
+        rec(0x4011, 2, f({45, 270}) + f({12, 36, 10, 10})) + rec(0x4012, 2, f({0, 180}) + f({24, 36, 10, 10})) +
+        rec(0x4014, 0x8003, le(0xffffff00)) + rec(0x4015, 3, le(2)) +
+        rec(0x4016, 0x8000, le(0xff0000ff) + f({0.5f}) + le(3) + f({36, 36, 46, 40, 40, 46})) +
+        rec(0x4017, 2, f({0.5f}) + le(3) + f({36, 20, 46, 24, 40, 30})) +
+        rec(0x4018, 2, f({0.5f}) + le(0) + le(2) + le(3) + f({2, 44, 10, 40, 20, 46})) +
+        rec(0x4019, 2, le(4) + f({0, 0, 10, 40, 30, 0, 46, 46})) +
+        rec(0x401a, 4, le(0) + le(2) + f({0, 0, 2, 2}) + f({20, 10, 8, 8})) +
+        rec(0x401b, 4, le(0) + le(2) + f({0, 0, 2, 2}) + le(3) + f({30, 30, 40, 32, 28, 40})) +
+        rec(0x401c, 0x8005, le(0xff000000) + le(6) + le(4) + f({2, 2, 40, 20}) + hi) +
+        rec(0x4031, 0, "") + rec(0x4026, 0, le(1)) + rec(0x4009, 0, le(0x40ffffff)) + rec(0x4002, 1, "");
+    const std::string comment = "EMF+" + records;
+    e.add(rawRecord(U_EMR_COMMENT, 12, {{8, uint32_t(comment.size())}}, comment));
+    return e.finish();
+}
+
 std::string tableBytes(const winners::Table& table)
 {
     const auto bytes = winners::encode(table);
@@ -276,7 +332,8 @@ int main(int argc, char** argv)
 
     const fs::path pictures = corpus / "fuzz_picture";
     bool ok = shapes(pictures / "shapes.emf") && mappings(pictures / "mappings.emf")
-        && paths(pictures / "paths.emf") && bitmaps(pictures / "bitmaps.emf");
+        && paths(pictures / "paths.emf") && bitmaps(pictures / "bitmaps.emf")
+        && plusRecords(pictures / "plus_records.emf");
     for (const char* asset : {"0.emf", "25.emf", "48.emf", "splash.emf"})
         ok = ok && fs::copy_file(assets / asset, pictures / asset, fs::copy_options::overwrite_existing);
     ok = ok && winnersSeeds(corpus / "fuzz_winners") && bankSeeds(corpus / "fuzz_bank");
