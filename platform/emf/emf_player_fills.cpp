@@ -118,8 +118,17 @@ void Player::fillRecord(std::uint32_t type, const char* rec)
             out_.ops.back().path.addRect(dot.boundingRect());
             return;
         }
-        addFill(dot, QBrush(colour));
-        pixelRun_ = out_.ops.size() - 1;
+        // Outlined too, so that a pixel stays visible however small the
+        // picture is drawn.
+        DrawOp op;
+        op.path = dot;
+        op.filled = op.stroked = true;
+        op.brush = QBrush(colour);
+        op.stroke.color = colour;
+        const std::size_t before = out_.ops.size();
+        placeOp(std::move(op));
+        if (out_.ops.size() > before)
+            pixelRun_ = before;
         return;
     }
     case U_EMR_GRADIENTFILL:
