@@ -110,21 +110,22 @@ void Player::fillRecord(std::uint32_t type, const char* rec)
     case U_EMR_SETPIXELV: {
         const QPointF at = toDevice().map(QPointF(readI32(rec, 8), readI32(rec, 12)));
         const QColor colour = colourOf(readU32(rec, 16));
-        QPainterPath dot;
-        dot.addRect(QRectF(std::floor(at.x()), std::floor(at.y()), 1, 1));
+        // A one-pixel square pen around the pixel's centre: it covers the
+        // pixel, and stays at least one pixel wide however small the
+        // picture is drawn.
+        const QRectF dot(std::floor(at.x()) + 0.4995, std::floor(at.y()) + 0.4995, 0.001, 0.001);
         // A run of pixels of one colour under one clip becomes one shape.
-        if (!out_.ops.empty() && pixelRun_ == out_.ops.size() - 1 && out_.ops.back().brush.color() == colour &&
+        if (!out_.ops.empty() && pixelRun_ == out_.ops.size() - 1 && out_.ops.back().stroke.color == colour &&
             out_.ops.back().clipped == dc_.clipped && (!dc_.clipped || out_.ops.back().clip == dc_.clip)) {
-            out_.ops.back().path.addRect(dot.boundingRect());
+            out_.ops.back().path.addRect(dot);
             return;
         }
-        // Outlined too, so that a pixel stays visible however small the
-        // picture is drawn.
         DrawOp op;
-        op.path = dot;
-        op.filled = op.stroked = true;
-        op.brush = QBrush(colour);
+        op.path.addRect(dot);
+        op.stroked = true;
         op.stroke.color = colour;
+        op.stroke.width = 1;
+        op.stroke.join = Qt::MiterJoin;
         const std::size_t before = out_.ops.size();
         placeOp(std::move(op));
         if (out_.ops.size() > before)
