@@ -165,10 +165,17 @@ void Player::bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t siz
             addImage(layer.image, placement, layer.mode);
         return;
     }
-    default:
-        for (RasterLayer& layer : rasterLayers(image, dc_.brush.color.rgb(), ropIndex(rop)))
+    default: {
+        const std::vector<RasterLayer> layers = rasterLayers(image, dc_.brush.color.rgb(), ropIndex(rop));
+        // Layers beyond the first are bitmaps of their own.
+        const std::int64_t extra = std::int64_t(layers.size() - 1) * image.width() * image.height();
+        if (bitmapPixels_ + extra > kMaxPicturePixels)
+            return;
+        bitmapPixels_ += extra;
+        for (const RasterLayer& layer : layers)
             addImage(layer.image, placement, layer.mode);
         return;
+    }
     }
 }
 
@@ -207,6 +214,9 @@ BrushObject Player::patternBrush(const char* rec, std::uint32_t size)
 
 void Player::addImage(const QImage& image, const QTransform& placement, QPainter::CompositionMode mode)
 {
+    const double det = placement.determinant();
+    if (!std::isfinite(det) || std::abs(det) < 1e-12)
+        return;  // squashed flat: nothing to see
     DrawOp op;
     op.image = image;
     op.placement = placement;

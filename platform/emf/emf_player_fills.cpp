@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace emf {
 
@@ -59,7 +61,7 @@ QColor colourOf(const Vertex& v)
 // A triangle shaded from its corners' colours, in device pixels, as a
 // bitmap and where it goes. Pixels just outside the edges are shaded too,
 // so that triangles sharing an edge leave no seam.
-std::optional<std::pair<QImage, QTransform>> shadedTriangle(const Vertex (&v)[3])
+std::optional<std::pair<QImage, QTransform>> shadedTriangle(const Vertex (&v)[3], std::int64_t pixelsLeft)
 {
     const QRectF box = QPolygonF({v[0].at, v[1].at, v[2].at}).boundingRect();
     const double area = (v[1].at.x() - v[0].at.x()) * (v[2].at.y() - v[0].at.y()) -
@@ -69,6 +71,8 @@ std::optional<std::pair<QImage, QTransform>> shadedTriangle(const Vertex (&v)[3]
     const double scale = std::min(1.0, kMaxShadingSide / std::max(box.width(), box.height()));
     const int w = int(std::ceil(box.width() * scale)) + 1;
     const int h = int(std::ceil(box.height() * scale)) + 1;
+    if (std::int64_t(w) * h > pixelsLeft)
+        return std::nullopt;
     QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     const double slack = 0.75 / scale;  // device pixels
@@ -205,8 +209,10 @@ void Player::gradientRecord(const char* rec)
             }
             if (!ok)
                 continue;
-            if (auto shaded = shadedTriangle(v))
+            if (auto shaded = shadedTriangle(v, kMaxPicturePixels - bitmapPixels_)) {
+                bitmapPixels_ += std::int64_t(shaded->first.width()) * shaded->first.height();
                 addImage(shaded->first, shaded->second, QPainter::CompositionMode_SourceOver);
+            }
             continue;
         }
         if (mode != U_GRADIENT_FILL_RECT_H && mode != U_GRADIENT_FILL_RECT_V)

@@ -109,6 +109,7 @@ private:
     std::map<std::uint32_t, State> saved_;
     std::array<std::optional<Object>, 64> objects_;
     std::vector<char> pending_;  // an object arriving in several records
+    std::size_t charactersLeft_ = 64 * kMaxStringLength;  // laying out text is slow
 };
 
 double PlusPlayer::unitScale(std::uint32_t unit, bool vertical) const
@@ -210,8 +211,9 @@ void PlusPlayer::text(std::uint16_t flags, Reader& r)
     const std::uint32_t length = r.u32();
     const auto layout = readRect(r, false);
     const std::uint32_t fontId = flags & 0xff;
-    if (!layout || length > r.left() / 2 || length > kMaxStringLength)
+    if (!layout || length > r.left() / 2 || length > kMaxStringLength || length > charactersLeft_)
         return;
+    charactersLeft_ -= length;
     const auto* font = find<Font>(fontId);
     const auto brush = brushOf(flags, brushId);
     // Fonts need the application's font database.
@@ -448,7 +450,8 @@ void PlusPlayer::play(std::uint16_t type, std::uint16_t flags, const char* data,
             QTransform t = QTransform::fromTranslate(-source->x(), -source->y());
             t *= QTransform::fromScale(dest->width() / source->width(), dest->height() / source->height());
             t *= QTransform::fromTranslate(dest->x(), dest->y());
-            image(flags & 0xff, *source, t);
+            if (usable(t))
+                image(flags & 0xff, *source, t);
             return;
         }
         const auto p = readPoints(r, r.u32(), compressed, flags & 0x0800);
