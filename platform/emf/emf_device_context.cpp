@@ -52,6 +52,20 @@ QTransform pageTransform(const DeviceContext& dc, const ReferenceDevice& device)
                       dc.viewportOrg.y() - dc.windowOrg.y() * sy);
 }
 
+void keepExtentsOnSwitch(DeviceContext& dc, const ReferenceDevice& device)
+{
+    const double mm = millimetresPerUnit(dc.mapMode);
+    if (dc.mapMode == U_MM_ISOTROPIC || dc.mapMode == U_MM_ANISOTROPIC)
+        return;
+    if (mm == 0) {
+        dc.windowExt = QSizeF(1, 1);
+        dc.viewportExt = QSizeF(1, 1);
+        return;
+    }
+    dc.windowExt = device.millimetres / mm;
+    dc.viewportExt = QSizeF(device.pixels.width(), -device.pixels.height());
+}
+
 QTransform logicalToDevice(const DeviceContext& dc, const ReferenceDevice& device)
 {
     return dc.world * pageTransform(dc, device);

@@ -7,11 +7,26 @@
 #include <QPainterPath>
 #include <QPointF>
 #include <QSizeF>
+#include <QString>
 #include <QTransform>
 
 #include <cstdint>
 
 namespace emf {
+
+// A font as the metafile describes it; emf_fonts resolves it to a Qt font.
+struct FontObject {
+    double height = 0;      // logical units: negative the character height, positive the cell's
+    double width = 0;       // average character width, 0 for the face's own
+    double escapement = 0;  // tenths of a degree, counterclockwise
+    int weight = 400;
+    bool italic = false;
+    bool underline = false;
+    bool strikeOut = false;
+    std::uint8_t charset = 1;  // DEFAULT_CHARSET
+    std::uint8_t pitchAndFamily = 0;
+    QString face;
+};
 
 struct PenObject {
     bool visible = true;     // false for the null pen
@@ -37,6 +52,12 @@ struct DeviceContext {
     bool clockwiseArcs = false;
     double miterLimit = 10;
 
+    FontObject font;
+    std::uint32_t textAlign = 0;  // TA_LEFT | TA_TOP, no current position
+    QColor textColor = Qt::black;
+    QColor backgroundColor = Qt::white;
+    bool opaqueBackground = true;  // OPAQUE until SetBkMode says TRANSPARENT
+
     std::uint32_t mapMode = 1;  // MM_TEXT
     QPointF windowOrg{0, 0};
     QSizeF windowExt{1, 1};
@@ -54,11 +75,18 @@ struct DeviceContext {
 struct ReferenceDevice {
     double pixelsPerMmX = 96 / 25.4;
     double pixelsPerMmY = 96 / 25.4;
+    QSizeF pixels{96, 96};           // the device's size
+    QSizeF millimetres{25.4, 25.4};
 };
 
 // Logical units to reference-device pixels under the map mode, window and
 // viewport of dc (without the world transform).
 QTransform pageTransform(const DeviceContext& dc, const ReferenceDevice& device);
+
+// The window and viewport extents a mapping has when a file switches from
+// it to MM_ISOTROPIC or MM_ANISOTROPIC: the same scale, as the reference
+// device states it (1:1 from MM_TEXT).
+void keepExtentsOnSwitch(DeviceContext& dc, const ReferenceDevice& device);
 
 // World transform then page transform.
 QTransform logicalToDevice(const DeviceContext& dc, const ReferenceDevice& device);

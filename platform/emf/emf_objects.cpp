@@ -138,7 +138,12 @@ void ObjectTable::select(std::uint32_t index, DeviceContext& dc) const
         case U_WHITE_PEN: dc.pen = stockPen(Qt::white); break;
         case U_BLACK_PEN: case kDcPen: dc.pen = stockPen(Qt::black); break;
         case U_NULL_PEN: dc.pen = stockPen(Qt::black, false); break;
-        default: break;  // fonts and palettes
+        case U_OEM_FIXED_FONT: case U_ANSI_FIXED_FONT: case U_ANSI_VAR_FONT:
+        case U_SYSTEM_FONT: case U_DEVICE_DEFAULT_FONT: case U_SYSTEM_FIXED_FONT:
+        case U_DEFAULT_GUI_FONT:
+            dc.font = FontObject{};
+            break;
+        default: break;  // palettes
         }
         return;
     }
@@ -148,6 +153,8 @@ void ObjectTable::select(std::uint32_t index, DeviceContext& dc) const
         dc.pen = *pen;
     else if (const auto* brush = std::get_if<BrushObject>(&*slots_[index]))
         dc.brush = *brush;
+    else if (const auto* font = std::get_if<FontObject>(&*slots_[index]))
+        dc.font = *font;
 }
 
 }  // namespace emf

@@ -13,11 +13,11 @@
 
 namespace emf {
 
-// Fonts, palettes and other objects we keep only so that selecting them is
+// Palettes and other objects we keep only so that selecting them is
 // harmless.
 struct OtherObject {};
 
-using GraphicsObject = std::variant<PenObject, BrushObject, OtherObject>;
+using GraphicsObject = std::variant<PenObject, BrushObject, FontObject, OtherObject>;
 
 class ObjectTable {
 public:

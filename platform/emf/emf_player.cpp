@@ -27,6 +27,8 @@ Player::Player(const char* data, const CheckedMetafile& mf)
     const HeaderInfo& h = mf.header;
     device_.pixelsPerMmX = double(h.device.cx) / h.millimeters.cx;
     device_.pixelsPerMmY = double(h.device.cy) / h.millimeters.cy;
+    device_.pixels = QSizeF(h.device.cx, h.device.cy);
+    device_.millimetres = QSizeF(h.millimeters.cx, h.millimeters.cy);
     const QPointF topLeft(h.frame.left / 100.0 * device_.pixelsPerMmX,
                           h.frame.top / 100.0 * device_.pixelsPerMmY);
     const QPointF bottomRight(h.frame.right / 100.0 * device_.pixelsPerMmX,
@@ -80,6 +82,14 @@ void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
         return;
     case U_EMR_ANGLEARC: angleArcRecord(rec); return;
     case U_EMR_LINETO: lineTo(rec); return;
+    case U_EMR_EXTTEXTOUTA: case U_EMR_EXTTEXTOUTW: case U_EMR_POLYTEXTOUTA:
+    case U_EMR_POLYTEXTOUTW: case U_EMR_SMALLTEXTOUT:
+        textRecord(type, rec, size);
+        return;
+    case U_EMR_EXTCREATEFONTINDIRECTW: case U_EMR_SETTEXTALIGN: case U_EMR_SETTEXTCOLOR:
+    case U_EMR_SETBKCOLOR: case U_EMR_SETBKMODE:
+        textStateRecord(type, rec, size);
+        return;
     case U_EMR_BEGINPATH: case U_EMR_ENDPATH: case U_EMR_ABORTPATH:
     case U_EMR_CLOSEFIGURE: case U_EMR_FILLPATH: case U_EMR_STROKEPATH:
     case U_EMR_STROKEANDFILLPATH:

@@ -6,6 +6,7 @@
 #include "platform/emf/emf_device_context.h"
 #include "platform/emf/emf_dib.h"
 #include "platform/emf/emf_draw_op.h"
+#include "platform/emf/emf_fonts.h"
 #include "platform/emf/emf_objects.h"
 #include "platform/emf/emf_plus.h"
 #include "platform/emf/emf_record_check.h"
@@ -50,6 +51,12 @@ private:
     void lineTo(const char* rec);
     void pathRecord(std::uint32_t type);
 
+    // Text (emf_player_text.cpp).
+    void textRecord(std::uint32_t type, const char* rec, std::uint32_t size);
+    void textStateRecord(std::uint32_t type, const char* rec, std::uint32_t size);
+    void drawText(const struct TextRun& run);
+    void addTextFill(const QPainterPath& devicePath, const QColor& colour);
+
     // State records.
     void combineClip(const QPainterPath& region, std::uint32_t mode);
     void clipRecord(std::uint32_t type, const char* rec);
@@ -77,6 +84,8 @@ private:
     ObjectTable objects_;
     DeviceContext dc_;
     std::vector<DeviceContext> saved_;
+    FontCache fonts_;
+    std::size_t glyphsDrawn_ = 0;
     bool inPath_ = false;
     bool figureOpen_ = false;  // the recorded path has a figure to continue
     QPainterPath path_;        // the path being (or last) recorded

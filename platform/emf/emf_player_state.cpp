@@ -101,12 +101,8 @@ void Player::mappingRecord(std::uint32_t type, const char* rec)
         const std::uint32_t mode = std::uint32_t(a);
         if (mode < U_MM_MIN || mode > U_MM_MAX)
             return;
-        if ((mode == U_MM_ISOTROPIC || mode == U_MM_ANISOTROPIC) && !scalableMapping()) {
-            // Keep the scale the old mode had until extents are given.
-            const QTransform page = pageTransform(dc_, device_);
-            dc_.windowExt = QSizeF(1000, 1000);
-            dc_.viewportExt = QSizeF(1000 * page.m11(), 1000 * page.m22());
-        }
+        if (mode == U_MM_ISOTROPIC || mode == U_MM_ANISOTROPIC)
+            keepExtentsOnSwitch(dc_, device_);  // until the file sets them
         dc_.mapMode = mode;
         return;
     }
@@ -226,7 +222,7 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
         objects_.create(readU32(rec, 8), patternBrush(rec, size));
         return;
     }
-    case U_EMR_EXTCREATEFONTINDIRECTW: case U_EMR_CREATEPALETTE:
+    case U_EMR_CREATEPALETTE:
     case U_EMR_CREATECOLORSPACE: case U_EMR_CREATECOLORSPACEW:
         if (size >= 12)
             objects_.create(readU32(rec, 8), OtherObject{});

@@ -1,5 +1,7 @@
 #include "platform/emf/emf_record_check.h"
 
+#include "platform/emf/emf_header.h"
+
 #include <uemf_safe.h>
 
 #include <cstring>
@@ -164,44 +166,6 @@ bool countsFit(std::uint32_t type, const char* rec, std::uint64_t size)
     default:
         return true;
     }
-}
-
-std::optional<HeaderInfo> checkHeader(const char* rec, std::uint64_t size)
-{
-    if (size < U_SIZE_EMRHEADER_MIN)
-        return std::nullopt;
-    U_EMRHEADER h{};
-    std::memcpy(&h, rec, U_SIZE_EMRHEADER_MIN);
-    if (h.dSignature != U_ENHMETA_SIGNATURE)
-        return std::nullopt;
-    if (h.nDescription != 0 &&
-        (h.offDescription < U_SIZE_EMRHEADER_MIN ||
-         std::uint64_t(h.offDescription) + 2ull * h.nDescription > size))
-        return std::nullopt;
-    if (size >= U_SIZE_EMRHEADER_MIN + 8) {
-        const std::uint64_t cb = readU32(rec, offsetof(U_EMRHEADER, cbPixelFormat));
-        const std::uint64_t off = readU32(rec, offsetof(U_EMRHEADER, offPixelFormat));
-        if (cb != 0 && (off < U_SIZE_EMRHEADER_MIN || off + cb > size))
-            return std::nullopt;
-    }
-    // A picture needs a frame with an area and a reference device with a
-    // size; the frame is at most about ten metres wide.
-    const std::int64_t frameW = std::int64_t(h.rclFrame.right) - h.rclFrame.left;
-    const std::int64_t frameH = std::int64_t(h.rclFrame.bottom) - h.rclFrame.top;
-    constexpr std::int64_t kMaxFrame = 1'000'000;
-    if (frameW <= 0 || frameH <= 0 || frameW > kMaxFrame || frameH > kMaxFrame)
-        return std::nullopt;
-    if (h.szlDevice.cx <= 0 || h.szlDevice.cy <= 0 || h.szlMillimeters.cx <= 0 ||
-        h.szlMillimeters.cy <= 0)
-        return std::nullopt;
-
-    HeaderInfo info;
-    info.bounds = h.rclBounds;
-    info.frame = h.rclFrame;
-    info.device = h.szlDevice;
-    info.millimeters = h.szlMillimeters;
-    info.handles = h.nHandles == 0 ? 1 : h.nHandles;
-    return info;
 }
 
 }  // namespace

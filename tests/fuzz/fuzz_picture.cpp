@@ -4,6 +4,7 @@
 #include "platform/emf/emf_picture.h"
 #include "tests/fuzz/fuzz_check.h"
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -23,6 +24,15 @@ QImage whiteImage(int side, double ratio)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    // Text needs the application's fonts.
+    static int argc = 1;
+    static char name[] = "fuzz_picture";
+    static char* argv[] = {name, nullptr};
+    static const QGuiApplication* app = [] {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        return new QGuiApplication(argc, argv);
+    }();
+    (void)app;
     const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
     const std::optional<EmfPicture> picture = EmfPicture::fromBytes(bytes);
     if (!picture)

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -113,6 +114,93 @@ bool mappings(const fs::path& path)
     e.add(U_EMRSETMAPMODE_set(U_MM_LOMETRIC));
     e.rectangle({0, 0, 50, -50});
     return e.finish();
+}
+
+// A PolyTextOutW record of two strings, built here (libuemf has no builder):
+// bounds, graphics mode, scales, the count, two EMRTEXTs, strings, advances.
+char* polyTextOut()
+{
+    const uint32_t size = 40 + 2 * 40 + 2 * 4 + 2 * 8;
+    auto* record = static_cast<char*>(std::calloc(1, size));
+    auto put = [record](std::size_t at, uint32_t v) { std::memcpy(record + at, &v, 4); };
+    put(0, U_EMR_POLYTEXTOUTW);
+    put(4, size);
+    put(24, U_GM_COMPATIBLE);
+    put(36, 2);
+    for (uint32_t i = 0; i < 2; ++i) {
+        const std::size_t at = 40 + 40 * i;
+        const uint32_t stringAt = 120 + 4 * i;
+        const uint32_t dxAt = 128 + 8 * i;
+        put(at, 5 + 30 * i);    // reference point
+        put(at + 4, 12 + 20 * i);
+        put(at + 8, 2);         // characters
+        put(at + 12, stringAt);
+        put(at + 32, 40);       // rectangle right and bottom
+        put(at + 36, 40);
+        put(at + 36 + 4, dxAt);
+        put(stringAt, 0x00790078);  // "xy"
+        put(dxAt, 8);
+        put(dxAt + 4, 8);
+    }
+    return record;
+}
+
+// Fonts turned, underlined and struck out, text of every record kind with
+// every alignment, advances, opaque and clipping rectangles, background
+// modes; a header of the oldest size with its description right after it.
+bool text(const fs::path& path)
+{
+    EmfWriter e(path.string(), 64, 64);
+    e.select(e.font(-12, 300, 700, u"Times New Roman"));
+    e.add(U_EMRSETTEXTCOLOR_set(rgb(0, 0, 160)));
+    e.add(U_EMRSETBKCOLOR_set(rgb(250, 250, 0)));
+    e.add(U_EMRSETTEXTALIGN_set(U_TA_BASELINE | U_TA_CENTER));
+    e.text(P(32, 20), u"Reel", U_ETO_OPAQUE | U_ETO_CLIPPED, {4, 4, 60, 24}, {7, 7, 7, 7});
+    e.add(U_EMRSETBKMODE_set(U_TRANSPARENT));
+    e.add(U_EMRSETTEXTALIGN_set(U_TA_BOTTOM | U_TA_RIGHT | U_TA_UPDATECP));
+    e.moveTo(P(60, 60));
+    e.select(e.font(14, 0, 400, u"Symbol"));
+    e.text(P(0, 0), u"ab\uF061");
+    e.select(e.font(-9, 0, 400, u"Wingdings"));
+    e.text(P(0, 0), u"\uF06C\uF0FC", U_ETO_NO_RECT);
+    e.add(U_EMRSETTEXTALIGN_set(U_TA_TOP));
+    e.text(P(2, 40), u"\x22\x33", U_ETO_GLYPH_INDEX | U_ETO_PDY, {0, 0, -1, -1}, {5, 1, 5, 1});
+    e.add(U_EMRBEGINPATH_set());
+    e.text(P(2, 2), u"path");
+    e.add(U_EMRENDPATH_set());
+    e.add(U_EMRSTROKEPATH_set({0, 0, 64, 64}));
+    e.add(U_EMRSETMAPMODE_set(U_MM_TWIPS));
+    e.text(P(100, -200), u"twips");
+    const char narrow[] = "abc";
+    e.add(U_EMRSMALLTEXTOUT_set(P(10, 50), 3, U_ETO_SMALL_CHARS, U_GM_COMPATIBLE, 1, 1, {0, 0, 64, 64}, narrow));
+    uint32_t advances[] = {6, 6, 6};
+    char* run = emrtext_set(P(20, 30), 3, 1, const_cast<char*>(narrow), 0, {0, 0, 64, 64}, advances);
+    if (run) {
+        e.add(U_EMREXTTEXTOUTA_set({0, 0, 64, 64}, U_GM_ADVANCED, 1, 1, reinterpret_cast<PU_EMRTEXT>(run)));
+        std::free(run);
+    }
+    e.add(polyTextOut());
+    return e.finish();
+}
+
+// A copy of `from` whose header has only the 88 bytes of the oldest files,
+// followed by its description.
+bool oldHeader(const fs::path& from, const fs::path& to)
+{
+    std::ifstream in(from, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    if (bytes.size() < 108)
+        return false;
+    auto put = [](std::string& b, std::size_t at, uint32_t v) { std::memcpy(b.data() + at, &v, 4); };
+    uint32_t headerSize = 0;
+    std::memcpy(&headerSize, bytes.data() + 4, 4);
+    const std::string description("R\0e\0e\0l\0\0\0\0\0", 12);
+    std::string out = bytes.substr(0, 88) + description + bytes.substr(headerSize);
+    put(out, 4, 88 + uint32_t(description.size()));
+    put(out, offsetof(U_EMRHEADER, nBytes), uint32_t(out.size()));
+    put(out, offsetof(U_EMRHEADER, nDescription), 6);
+    put(out, offsetof(U_EMRHEADER, offDescription), 88);
+    return writeBytes(to, out);
 }
 
 // Paths filled, stroked and made into clipping, clip rectangles.
@@ -334,6 +422,7 @@ int main(int argc, char** argv)
     bool ok = shapes(pictures / "shapes.emf") && mappings(pictures / "mappings.emf")
         && paths(pictures / "paths.emf") && bitmaps(pictures / "bitmaps.emf")
         && plusRecords(pictures / "plus_records.emf");
+    ok = ok && text(pictures / "text.emf") && oldHeader(pictures / "text.emf", pictures / "old_header.emf");
     for (const char* asset : {"0.emf", "25.emf", "48.emf", "splash.emf"})
         ok = ok && fs::copy_file(assets / asset, pictures / asset, fs::copy_options::overwrite_existing);
     ok = ok && winnersSeeds(corpus / "fuzz_winners") && bankSeeds(corpus / "fuzz_bank");

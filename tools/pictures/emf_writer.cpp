@@ -4,10 +4,32 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 U_COLORREF rgb(int r, int g, int b)
 {
     return colorref3_set(std::uint8_t(r), std::uint8_t(g), std::uint8_t(b));
+}
+
+void EmfWriter::text(U_POINTL at, const std::u16string& text, std::uint32_t options, U_RECTL rect,
+                     const std::vector<std::uint32_t>& advances)
+{
+    std::u16string chars = text;
+    std::vector<std::uint32_t> dx = advances;
+    dx.resize(std::max<std::size_t>(chars.size(), 1), 0);  // libuemf wants an array
+    char* run = emrtext_set(at, std::uint32_t(chars.size()), 2, chars.data(), options, rect, dx.data());
+    if (!run) {
+        ok_ = false;
+        return;
+    }
+    char* record = U_EMREXTTEXTOUTW_set(rect, U_GM_COMPATIBLE, 1, 1, reinterpret_cast<PU_EMRTEXT>(run));
+    std::free(run);
+    // Without advances the record says so: no offset to them (after the
+    // record's bounds, mode, scales, the text's core fields and rectangle).
+    constexpr std::size_t kOffDx = sizeof(U_EMREXTTEXTOUTW) + sizeof(U_RECTL);
+    if (record && advances.empty() && !(options & U_ETO_NO_RECT))
+        std::memset(record + kOffDx, 0, 4);
+    add(record);
 }
 
 U_RECTL boundsOf(const std::vector<U_POINTL>& points)
@@ -105,6 +127,19 @@ std::uint32_t EmfWriter::brush(std::uint32_t style, U_COLORREF colour, std::int3
 {
     std::uint32_t handle = 0;
     add(createbrushindirect_set(&handle, handles_, logbrush_set(style, colour, hatch)));
+    return handle;
+}
+
+std::uint32_t EmfWriter::font(std::int32_t height, std::int32_t escapement, std::int32_t weight,
+                              const std::u16string& face)
+{
+    std::u16string name = face.substr(0, U_LF_FACESIZE - 1);
+    name.resize(U_LF_FACESIZE, u'\0');
+    U_LOGFONT lf = logfont_set(height, 0, escapement, escapement, weight, 0, 0, 0, U_DEFAULT_CHARSET,
+                               U_OUT_DEFAULT_PRECIS, U_CLIP_DEFAULT_PRECIS, U_DEFAULT_QUALITY,
+                               U_DEFAULT_PITCH, reinterpret_cast<std::uint16_t*>(name.data()));
+    std::uint32_t handle = 0;
+    add(extcreatefontindirectw_set(&handle, handles_, reinterpret_cast<const char*>(&lf), nullptr));
     return handle;
 }
 

@@ -32,6 +32,10 @@ public:
     std::uint32_t pen(std::uint32_t style, std::int32_t width, U_COLORREF colour);
     std::uint32_t geometricPen(std::uint32_t style, std::uint32_t width, U_COLORREF colour);
     std::uint32_t brush(std::uint32_t style, U_COLORREF colour, std::int32_t hatch = 0);
+    // A font `height` logical units high (negative: the characters' height,
+    // positive: the cell's), turned by `escapement` tenths of a degree.
+    std::uint32_t font(std::int32_t height, std::int32_t escapement = 0, std::int32_t weight = 400,
+                       const std::u16string& face = u"Arial");
     void select(std::uint32_t handle);  // a created handle or a U_* stock object
     void remove(std::uint32_t handle);
 
@@ -50,6 +54,10 @@ public:
     void roundRect(U_RECTL box, U_SIZEL corner);
     void moveTo(U_POINTL p);
     void lineTo(U_POINTL p);
+    // Wide text at `at` with the selected font; advances per character in
+    // logical units, or none to leave them to the font.
+    void text(U_POINTL at, const std::u16string& text, std::uint32_t options = 0,
+              U_RECTL rect = {0, 0, -1, -1}, const std::vector<std::uint32_t>& advances = {});
 
     // Writes the end-of-file record and the file; true when all went well.
     bool finish();

@@ -1,4 +1,4 @@
-#include "tests/emf/emf_test_support.h"
+#include "tests/platform/emf/emf_test_support.h"
 
 #include <QFile>
 #include <QPainter>

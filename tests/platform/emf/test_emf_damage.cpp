@@ -1,6 +1,6 @@
 // Files that are missing, foreign, cut short or damaged cannot be loaded,
 // and nothing any byte sequence contains crashes or hangs the decoder.
-#include "tests/emf/emf_test_support.h"
+#include "tests/platform/emf/emf_test_support.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -47,6 +47,27 @@ qsizetype findRecord(const QByteArray& b, quint32 type)
     return -1;
 }
 
+// The picture again with a header of `fixed` bytes (88, 100 or 108) followed
+// by a description of `chars` UTF-16 characters and `pixelFormat` bytes.
+QByteArray withHeader(const QByteArray& b, int fixed, int chars, int pixelFormat)
+{
+    const qsizetype oldSize = word(b, 4);
+    QByteArray header = b.left(fixed);
+    header.append(QByteArray((2 * chars + 3) / 4 * 4, 'd'));
+    const qsizetype pixelAt = header.size();
+    header.append(QByteArray(pixelFormat, '\0'));
+    setWord(header, 4, quint32(header.size()));
+    setWord(header, offsetof(U_EMRHEADER, nDescription), quint32(chars));
+    setWord(header, offsetof(U_EMRHEADER, offDescription), chars ? quint32(fixed) : 0);
+    if (fixed >= 100) {
+        setWord(header, offsetof(U_EMRHEADER, cbPixelFormat), quint32(pixelFormat));
+        setWord(header, offsetof(U_EMRHEADER, offPixelFormat), pixelFormat ? quint32(pixelAt) : 0);
+    }
+    QByteArray out = header + b.mid(oldSize);
+    setWord(out, offsetof(U_EMRHEADER, nBytes), quint32(out.size()));
+    return out;
+}
+
 // Loads, and draws whatever loaded, at two pixel ratios.
 bool survives(const QByteArray& bytes)
 {
@@ -85,6 +106,14 @@ const std::vector<Damage>& damages()
         {"polygon count too large", [](QByteArray& b) { setWord(b, findRecord(b, U_EMR_POLYPOLYGON) + 24, 0x40000000); }},
         {"empty frame", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, rclFrame) + 8, 0); }},
         {"reference device without size", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, szlMillimeters), 0); }},
+        {"pixel format outside the header", [](QByteArray& b) {
+             b = withHeader(b, 108, 0, 40);
+             setWord(b, offsetof(U_EMRHEADER, cbPixelFormat), 44);
+         }},
+        {"pixel format over the fixed fields", [](QByteArray& b) {
+             b = withHeader(b, 108, 0, 40);
+             setWord(b, offsetof(U_EMRHEADER, offPixelFormat), 96);
+         }},
         {"description outside the header", [](QByteArray& b) {
              setWord(b, offsetof(U_EMRHEADER, nDescription), 1000);
              setWord(b, offsetof(U_EMRHEADER, offDescription), 88);
@@ -108,6 +137,21 @@ private slots:
         QVERIFY(!EmfPicture::load("no-such-picture.emf"));
         QTemporaryDir dir;
         QVERIFY(!EmfPicture::load(dir.path()));
+    }
+
+    void everyHeaderLayout()
+    {
+        // The oldest headers end at 88 bytes, and a description there is no
+        // pixel format; newer ones have 100 or 108 bytes before what follows.
+        const QByteArray good = goodPicture();
+        const Ink expected = inkOf(renderNatural(*EmfPicture::fromBytes(good), 73, 73));
+        const int layouts[][3] = {{88, 0, 0}, {88, 31, 0}, {88, 1, 0}, {100, 0, 0},
+                                  {100, 12, 40}, {108, 0, 40}, {108, 20, 0}, {120, 0, 0}};
+        for (const auto& l : layouts) {
+            const auto picture = EmfPicture::fromBytes(withHeader(good, l[0], l[1], l[2]));
+            QVERIFY2(picture, qPrintable(QString("%1 %2 %3").arg(l[0]).arg(l[1]).arg(l[2])));
+            QCOMPARE(inkOf(renderNatural(*picture, 73, 73)).box, expected.box);
+        }
     }
 
     void damagedStructure_data()

@@ -1,6 +1,6 @@
 // The decoder draws what a metafile's records describe, where they describe
 // it: shapes, fill modes, mappings, sizes, clipping, pens.
-#include "tests/emf/emf_test_support.h"
+#include "tests/platform/emf/emf_test_support.h"
 
 #include <QtTest>
 
@@ -39,6 +39,16 @@ void bezierCircle(EmfWriter& emf, int cx, int cy, int r)
     emf.add(U_EMRCLOSEFIGURE_set());
     emf.add(U_EMRENDPATH_set());
     emf.add(U_EMRFILLPATH_set(U_RECTL{cx - r, cy - r, cx + r, cy + r}));
+}
+
+// A square of `side` units from the origin in a fixed-scale map mode (y up).
+Drawing fixedModeSquare(std::uint32_t mode, int side)
+{
+    return [=](EmfWriter& e) {
+        blackFill(e);
+        e.add(U_EMRSETMAPMODE_set(mode));
+        e.rectangle({0, 0, side, -side});
+    };
 }
 
 const std::vector<ShapeCase>& shapeCases()
@@ -111,6 +121,22 @@ const std::vector<ShapeCase>& shapeCases()
              e.rectangle({40, 40, 240, 200});
          },
          {10, 10, 50, 40}, 2000},
+        {"anisotropic with only the window set",  // the viewport stays 1:1
+         [](EmfWriter& e) {
+             blackFill(e);
+             e.add(U_EMRSETMAPMODE_set(U_MM_ANISOTROPIC));
+             e.add(U_EMRSETWINDOWEXTEX_set({2, 2}));
+             e.rectangle({20, 20, 100, 60});
+         },
+         {10, 10, 40, 20}, 800},
+        {"isotropic keeps the metric scale it came from",
+         [](EmfWriter& e) {
+             blackFill(e);
+             e.add(U_EMRSETMAPMODE_set(U_MM_HIMETRIC));
+             e.add(U_EMRSETMAPMODE_set(U_MM_ISOTROPIC));
+             e.rectangle({0, 0, 1000, -1000});
+         },
+         {0, 0, 37.8, 37.8}, 37.795 * 37.795},
         {"window and viewport origins",
          [](EmfWriter& e) {
              blackFill(e);
@@ -126,6 +152,10 @@ const std::vector<ShapeCase>& shapeCases()
              e.rectangle({0, 0, 1000, -1000});
          },
          {0, 0, 37.8, 37.8}, 37.795 * 37.795},
+        {"tenths of a millimetre", fixedModeSquare(U_MM_LOMETRIC, 100), {0, 0, 37.8, 37.8}, 37.795 * 37.795},
+        {"hundredths of an inch", fixedModeSquare(U_MM_LOENGLISH, 50), {0, 0, 48, 48}, 48 * 48},
+        {"thousandths of an inch", fixedModeSquare(U_MM_HIENGLISH, 500), {0, 0, 48, 48}, 48 * 48},
+        {"twips", fixedModeSquare(U_MM_TWIPS, 720), {0, 0, 48, 48}, 48 * 48},
         {"clip rectangle",
          [](EmfWriter& e) {
              blackFill(e);

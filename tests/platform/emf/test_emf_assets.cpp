@@ -1,7 +1,7 @@
 // The committed artwork: every symbol loads at 73 x 73 in its own colour,
 // the splash picture leaves its text band dark, the other pictures exist in
 // the sizes the windows use, and the decoder keeps its edges sharp on HiDPI.
-#include "tests/emf/emf_test_support.h"
+#include "tests/platform/emf/emf_test_support.h"
 
 #include <QElapsedTimer>
 #include <QHash>
