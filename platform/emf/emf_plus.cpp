@@ -109,7 +109,7 @@ private:
     std::map<std::uint32_t, State> saved_;
     std::array<std::optional<Object>, 64> objects_;
     std::vector<char> pending_;  // an object arriving in several records
-    std::size_t charactersLeft_ = 64 * kMaxStringLength;  // laying out text is slow
+    std::size_t charactersLeft_ = 16 * kMaxStringLength;  // laying out text is slow
 };
 
 double PlusPlayer::unitScale(std::uint32_t unit, bool vertical) const
@@ -346,12 +346,12 @@ void PlusPlayer::play(std::uint16_t type, std::uint16_t flags, const char* data,
     case kFillRects: case kDrawRects: {
         const std::uint32_t brushId = type == kFillRects ? r.u32() : 0;
         const std::uint32_t count = r.u32();
+        if (std::uint64_t(count) * (compressed ? 8 : 16) > r.left())
+            return;
         QPainterPath rects;
-        for (std::uint32_t i = 0; i < count && r.ok(); ++i)
+        for (std::uint32_t i = 0; i < count; ++i)
             if (const auto rect = readRect(r, compressed))
                 rects.addRect(*rect);
-        if (!r.ok())
-            return;
         if (type == kDrawRects)
             stroke(rects, flags & 0xff);
         else if (const auto brush = brushOf(flags, brushId))
