@@ -28,11 +28,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static int argc = 1;
     static char name[] = "fuzz_picture";
     static char* argv[] = {name, nullptr};
-    static const QGuiApplication* app = [] {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        return new QGuiApplication(argc, argv);
-    }();
-    (void)app;
+    static const bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QGuiApplication app(argc, argv);  // closed at exit, fonts and all
+    (void)offscreen;
     const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
     const std::optional<EmfPicture> picture = EmfPicture::fromBytes(bytes);
     if (!picture)
