@@ -166,8 +166,11 @@ QRgb fromMasks(const Header& h, std::uint32_t px, bool keepAlpha)
 QImage decodePlain(const Header& h, const char* bits, std::uint64_t bytes, bool keepAlpha)
 {
     const std::uint64_t stride = (std::uint64_t(h.width) * h.bitCount + 31) / 32 * 4;
-    // Rows the data does not reach stay transparent.
+    // A last row the data does not reach stays transparent; a bitmap short
+    // of more rows is damaged.
     const std::int64_t rows = std::min<std::int64_t>(h.height, std::int64_t(bytes / stride));
+    if (rows < h.height - 1)
+        return {};
     QImage image = blankImage(h);
     if (image.isNull())
         return image;

@@ -141,7 +141,8 @@ void Player::bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t siz
     placement *= QTransform::fromScale(destSize.x() / srcSize.x(), destSize.y() / srcSize.y());
     placement *= QTransform::fromTranslate(dest.x(), dest.y());
     placement *= toDevice();
-    image = image.copy(part);
+    if (part != image.rect())
+        image = image.copy(part);
 
     switch (type) {
     case U_EMR_ALPHABLEND:

@@ -137,7 +137,8 @@ private slots:
         row("embedded PNG", 0, U_BI_PNG, none, png().toStdString());
         const std::vector<Expect> blank = quadrants(W, W, W, W);
         row("over 64 megapixels", 1, U_BI_RGB, {0, 0xffffff}, std::string(64, '\xff'), blank, 70000);
-        row("rows cut short", 24, U_BI_RGB, none, "\xff\0\0\xff\xff\xff\0\0"s, quadrants(W, W, B, W));
+        row("last row cut short", 24, U_BI_RGB, none, "\xff\0\0\xff\xff\xff\0\0"s, quadrants(W, W, B, W));
+        row("rows cut short", 24, U_BI_RGB, none, "\xff\0\0\xff\xff\xff\0\0"s, blank, 3);
         row("index past the colour table", 8, U_BI_RGB, kFour, "\x02\x05\0\0\0\x01\0\0"s, quadrants(R, G, B, K));
         row("run past the edge", 8, U_BI_RLE8, kFour, "\xff\x02\0\x02\x05\xff"s, quadrants(W, W, B, B));
         row("literal past the data", 8, U_BI_RLE8, kFour, "\x01\x02\0\x40\x01"s, quadrants(W, W, B, W));
