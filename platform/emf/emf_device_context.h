@@ -3,6 +3,7 @@
 // and brush, the fill mode, the mapping from logical units to the reference
 // device's pixels, the current position and the clip.
 #include <QColor>
+#include <QImage>
 #include <QPainterPath>
 #include <QPointF>
 #include <QSizeF>
@@ -41,6 +42,7 @@ struct BrushObject {
     bool visible = true;     // false for the null brush
     QColor color = Qt::white;
     Qt::BrushStyle style = Qt::SolidPattern;
+    QImage pattern;          // a bitmap brush's tile, in device pixels
 };
 
 struct DeviceContext {

@@ -4,6 +4,8 @@
 // does the record interpretation once; painting only replays this list.
 #include <QBrush>
 #include <QColor>
+#include <QImage>
+#include <QPainter>
 #include <QPainterPath>
 #include <QPen>
 #include <QRectF>
@@ -31,6 +33,13 @@ struct DrawOp {
     Stroke stroke;
     bool clipped = false;
     QPainterPath clip;  // reference-device pixels, used when clipped
+    // How the op combines with what is drawn: raster operations and
+    // inverting fills set a raster-op mode.
+    QPainter::CompositionMode composition = QPainter::CompositionMode_SourceOver;
+    // A bitmap, drawn instead of the path through `placement` (its pixels to
+    // reference-device pixels).
+    QImage image;
+    QTransform placement;
 };
 
 struct PictureData {

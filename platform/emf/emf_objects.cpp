@@ -102,6 +102,13 @@ BrushObject brushFromLogBrush(const U_LOGBRUSH& lb)
     return brush;
 }
 
+QBrush qtBrush(const BrushObject& brush)
+{
+    if (!brush.pattern.isNull())
+        return QBrush(brush.pattern);
+    return QBrush(brush.color, brush.style);
+}
+
 ObjectTable::ObjectTable(std::uint32_t handles) : slots_(handles) {}
 
 void ObjectTable::create(std::uint32_t index, GraphicsObject object)

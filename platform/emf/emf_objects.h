@@ -3,6 +3,7 @@
 // addressed by index, and the stock objects every device context has.
 #include "platform/emf/emf_device_context.h"
 
+#include <QBrush>
 #include <uemf.h>
 
 #include <cstdint>
@@ -36,5 +37,7 @@ private:
 PenObject penFromLogPen(const U_LOGPEN& pen);
 PenObject penFromExtLogPen(const U_EXTLOGPEN& pen);
 BrushObject brushFromLogBrush(const U_LOGBRUSH& brush);
+// What Qt fills with for a brush: its colour, hatch or bitmap tile.
+QBrush qtBrush(const BrushObject& brush);
 
 }  // namespace emf

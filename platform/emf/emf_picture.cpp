@@ -22,6 +22,17 @@ constexpr std::size_t kSlackBytes = 256;
 // Qt refuses pens from 32768 units wide.
 constexpr double kMaxPenWidth = 10000;
 
+// Bitmaps are drawn through their own placement, smoothed when scaled.
+void paintBitmap(QPainter& painter, const emf::DrawOp& op)
+{
+    painter.save();
+    painter.setTransform(op.placement, true);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
+    painter.setCompositionMode(op.composition);
+    painter.drawImage(QPointF(0, 0), op.image);
+    painter.restore();
+}
+
 }  // namespace
 
 struct EmfPicture::Data : emf::PictureData {
@@ -102,6 +113,13 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
             painter.save();
             painter.setClipPath(op.clip, Qt::IntersectClip);
         }
+        if (!op.image.isNull()) {
+            paintBitmap(painter, op);
+            if (op.clipped)
+                painter.restore();
+            continue;
+        }
+        painter.setCompositionMode(op.composition);
         painter.setBrush(op.filled ? op.brush : QBrush(Qt::NoBrush));
         if (op.stroked) {
             QPen pen(op.stroke.color);

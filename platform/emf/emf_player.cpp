@@ -47,6 +47,11 @@ PictureData Player::run(const std::vector<RecordRef>& records)
 {
     for (const RecordRef& r : records)
         play(r.type, data_ + r.offset, r.size);
+    if (out_.ops.empty() && !plusChunks_.empty()) {
+        const PlusDevice device{device_.pixelsPerMmX * 25.4, device_.pixelsPerMmY * 25.4, out_.frame,
+                                &bitmapPixels_};
+        playPlus(plusChunks_, device, out_.ops);
+    }
     return std::move(out_);
 }
 
@@ -106,6 +111,18 @@ void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
     case U_EMR_SETARCDIRECTION: case U_EMR_SETMITERLIMIT: case U_EMR_MOVETOEX:
         stateRecord(type, rec);
         return;
+    case U_EMR_BITBLT: case U_EMR_STRETCHBLT: case U_EMR_MASKBLT: case U_EMR_SETDIBITSTODEVICE:
+    case U_EMR_STRETCHDIBITS: case U_EMR_ALPHABLEND: case U_EMR_TRANSPARENTBLT:
+        bitmapRecord(type, rec, size);
+        return;
+    case U_EMR_COMMENT:
+        if (size >= 12 && readU32(rec, 8) <= size - 12 && isPlusComment(rec + 12, readU32(rec, 8)))
+            plusChunks_.push_back({rec + 12, readU32(rec, 8)});
+        return;
+    case U_EMR_SETPIXELV: case U_EMR_FILLRGN: case U_EMR_FRAMERGN: case U_EMR_INVERTRGN:
+    case U_EMR_PAINTRGN: case U_EMR_GRADIENTFILL:
+        fillRecord(type, rec);
+        return;
     default:
         objectRecord(type, rec, size);
         return;
@@ -150,7 +167,7 @@ void Player::addOp(QPainterPath path, bool fill, bool stroke)
     path.setFillRule(dc_.windingFill ? Qt::WindingFill : Qt::OddEvenFill);
     op.path = std::move(path);
     if (op.filled)
-        op.brush = QBrush(dc_.brush.color, dc_.brush.style);
+        op.brush = qtBrush(dc_.brush);
     if (op.stroked) {
         op.stroke.color = dc_.pen.color;
         op.stroke.width =

@@ -4,12 +4,15 @@
 // collects the shapes to draw. Shapes live in emf_player_shapes.cpp, state,
 // mapping, clipping and objects in emf_player_state.cpp.
 #include "platform/emf/emf_device_context.h"
+#include "platform/emf/emf_dib.h"
 #include "platform/emf/emf_draw_op.h"
 #include "platform/emf/emf_fonts.h"
 #include "platform/emf/emf_objects.h"
+#include "platform/emf/emf_plus.h"
 #include "platform/emf/emf_record_check.h"
 
 #include <cstdint>
+#include <cstddef>
 #include <vector>
 
 namespace emf {
@@ -63,6 +66,19 @@ private:
     void stateRecord(std::uint32_t type, const char* rec);
     void objectRecord(std::uint32_t type, const char* rec, std::uint32_t size);
 
+    // Bitmaps and raster operations (emf_player_bitmaps.cpp), pixels,
+    // regions and gradients (emf_player_fills.cpp).
+    void bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t size);
+    void patternBlt(const QRectF& logical, std::uint32_t rop);
+    BrushObject patternBrush(const char* rec, std::uint32_t size);
+    QImage bitmap(const char* rec, std::uint32_t size, const DibLocation& where, bool keepAlpha);
+    void fillRecord(std::uint32_t type, const char* rec);
+    void gradientRecord(const char* rec);
+    void addImage(const QImage& image, const QTransform& placement, QPainter::CompositionMode mode);
+    void addFill(const QPainterPath& devicePath, const QBrush& brush,
+                 QPainter::CompositionMode mode = QPainter::CompositionMode_SourceOver);
+    void placeOp(DrawOp op);  // clipped, and dropped when out of reach
+
     const char* data_;
     ReferenceDevice device_;
     ObjectTable objects_;
@@ -75,6 +91,9 @@ private:
     QPainterPath path_;        // the path being (or last) recorded
     QPainterPath everything_;  // the clip region that clips nothing
     PictureData out_;
+    std::int64_t bitmapPixels_ = 0;  // decoded so far, against kMaxPicturePixels
+    std::size_t pixelRun_ = SIZE_MAX;  // the op that single pixels of one colour join
+    std::vector<PlusChunk> plusChunks_;  // EMF+ records, drawn when nothing else is
 };
 
 }  // namespace emf

@@ -219,11 +219,7 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
         return;
     }
     case U_EMR_CREATEMONOBRUSH: case U_EMR_CREATEDIBPATTERNBRUSHPT: {
-        if (size < 12)
-            return;
-        BrushObject unseen;
-        unseen.visible = false;
-        objects_.create(readU32(rec, 8), unseen);
+        objects_.create(readU32(rec, 8), patternBrush(rec, size));
         return;
     }
     case U_EMR_CREATEPALETTE:

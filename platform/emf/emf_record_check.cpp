@@ -95,6 +95,19 @@ std::uint64_t fixedSize(std::uint32_t type)
         return 40;
     case U_EMR_ANGLEARC: return sizeof(U_EMRANGLEARC);
     case U_EMR_EXTSELECTCLIPRGN: return 16;
+    case U_EMR_BITBLT: return sizeof(U_EMRBITBLT);
+    case U_EMR_STRETCHBLT: return sizeof(U_EMRSTRETCHBLT);
+    case U_EMR_MASKBLT: return sizeof(U_EMRMASKBLT);
+    case U_EMR_SETDIBITSTODEVICE: return sizeof(U_EMRSETDIBITSTODEVICE);
+    case U_EMR_STRETCHDIBITS: return sizeof(U_EMRSTRETCHDIBITS);
+    case U_EMR_ALPHABLEND: return sizeof(U_EMRALPHABLEND);
+    case U_EMR_TRANSPARENTBLT: return sizeof(U_EMRTRANSPARENTBLT);
+    case U_EMR_CREATEMONOBRUSH: case U_EMR_CREATEDIBPATTERNBRUSHPT: return 32;
+    case U_EMR_SETPIXELV: return sizeof(U_EMRSETPIXELV);
+    case U_EMR_FILLRGN: return U_SIZE_EMRFILLRGN;
+    case U_EMR_FRAMERGN: return U_SIZE_EMRFRAMERGN;
+    case U_EMR_INVERTRGN: case U_EMR_PAINTRGN: return U_SIZE_EMRINVERTRGN;
+    case U_EMR_GRADIENTFILL: return sizeof(U_EMRGRADIENTFILL);
     default:
         return 8;
     }
@@ -135,6 +148,14 @@ bool countsFit(std::uint32_t type, const char* rec, std::uint64_t size)
     }
     case U_EMR_EXTSELECTCLIPRGN:
         return 16ull + readU32(rec, 8) <= size;
+    case U_EMR_FILLRGN: case U_EMR_FRAMERGN: case U_EMR_INVERTRGN: case U_EMR_PAINTRGN:
+        return fixedSize(type) + std::uint64_t(readU32(rec, 24)) <= size;
+    case U_EMR_GRADIENTFILL: {
+        const std::uint64_t vertices = readU32(rec, 24);
+        const std::uint64_t objects = readU32(rec, 28);
+        const std::uint64_t each = readU32(rec, 32) == U_GRADIENT_FILL_TRIANGLE ? 12 : 8;
+        return sizeof(U_EMRGRADIENTFILL) + 16 * vertices + each * objects <= size;
+    }
     case U_EMR_EOF: {
         const std::uint64_t entries = readU32(rec, 8);
         const std::uint64_t offset = readU32(rec, 12);

@@ -3,6 +3,7 @@
 // the game's own pictures, "name.dat" files of several sizes made by the
 // table's own encoder, and texts a bank box could hold.
 //   fuzz_make_seeds <corpus folder> <assets folder>
+#include "tools/pictures/emf_raw_record.h"
 #include "tools/pictures/emf_writer.h"
 #include "winners/winners_file.h"
 
@@ -236,6 +237,139 @@ bool paths(const fs::path& path)
     return e.finish();
 }
 
+// Bitmaps of every layout through every bit-block record, raster
+// operations, bitmap brushes, pixels, regions and gradients.
+bool bitmaps(const fs::path& path)
+{
+    EmfWriter e(path.string(), 48, 48);
+    const std::vector<uint32_t> four{0xff0000, 0x00ff00, 0x0000ff, 0xffffff};
+    const std::vector<uint32_t> none;
+    auto le = [](uint32_t v, int n = 4) { return littleEndian(v, n); };
+    const std::vector<RawDib> dibs{
+        rawDib(2, 2, 1, U_BI_RGB, {0, 0xffffff}, std::string("\x80\0\0\0\x40\0\0\0", 8)),
+        rawDib(2, 2, 4, U_BI_RGB, four, std::string("\x23\0\0\0\x01\0\0\0", 8)),
+        rawDib(2, 2, 8, U_BI_RGB, four, std::string("\x02\x03\0\0\0\x01\0\0", 8)),
+        rawDib(2, 2, 16, U_BI_RGB, none, le(0x001f, 2) + le(0x7fff, 2) + le(0x7c00, 2) + le(0x03e0, 2)),
+        rawDib(2, 2, 16, U_BI_BITFIELDS, {0xf800, 0x07e0, 0x001f}, le(0x1f) + le(0xf800)),
+        rawDib(2, -2, 24, U_BI_RGB, none, std::string(16, '\x7f')),
+        rawDib(2, 2, 32, U_BI_RGB, none, le(0x800000ff) + le(0xffffffff) + le(0x40ff0000) + le(0)),
+        rawDib(3, 3, 8, U_BI_RLE8, four, std::string("\x03\x02\0\0\0\x02\x01\x01\0\x03\x01\x02\x03\0\0\x01", 16)),
+        rawDib(3, 3, 4, U_BI_RLE4, four, std::string("\x03\x23\0\0\0\x03\x12\x30\0\x01", 10)),
+    };
+    e.select(e.brush(U_BS_SOLID, rgb(200, 40, 40)));
+    int x = 0;
+    for (const RawDib& d : dibs) {
+        e.add(rawRecord(U_EMR_STRETCHDIBITS, 80, {{24, uint32_t(x)}, {40, 2}, {44, 2}, {68, U_SRCCOPY}, {72, 5}, {76, 5}},
+                        d, 48));
+        x += 5;
+    }
+    const RawDib& mono = dibs[0];
+    const uint32_t rops[] = {U_SRCPAINT, U_SRCAND, U_SRCINVERT, U_NOTSRCCOPY, 0xe20746, U_MERGECOPY};
+    for (uint32_t rop : rops)
+        e.add(rawRecord(U_EMR_STRETCHBLT, 108, {{24, 4}, {28, 10}, {32, 20}, {36, 9}, {40, rop}, {52, 0x3f800000},
+                                                {64, 0x3f800000}, {100, 2}, {104, 2}}, mono, 84));
+    for (uint32_t rop : {U_PATCOPY, U_PATINVERT, U_DSTINVERT, U_BLACKNESS, U_WHITENESS})
+        e.add(rawRecord(U_EMR_BITBLT, 100, {{24, 30}, {28, 10}, {32, 8}, {36, 8}, {40, rop}}));
+    e.add(rawRecord(U_EMR_BITBLT, 100, {{24, 1}, {28, 20}, {32, 2}, {36, 2}, {40, U_SRCCOPY}, {52, 0x40000000},
+                                        {64, 0x40000000}}, dibs[2], 84));
+    e.add(rawRecord(U_EMR_SETDIBITSTODEVICE, 76, {{24, 6}, {28, 20}, {40, 2}, {44, 2}, {72, 2}}, dibs[3], 48));
+    e.add(rawRecord(U_EMR_ALPHABLEND, 108, {{24, 10}, {28, 20}, {32, 8}, {36, 8}, {40, 0x01800000}, {100, 2}, {104, 2}},
+                    dibs[6], 84));
+    e.add(rawRecord(U_EMR_TRANSPARENTBLT, 108, {{24, 20}, {28, 20}, {32, 8}, {36, 8}, {40, 0xffffff}, {100, 2},
+                                                {104, 2}}, dibs[1], 84));
+    // A masked copy: source and mask bitmaps one after the other.
+    const RawDib& src = dibs[2];
+    const uint32_t srcAt = 128;
+    const uint32_t maskAt = srcAt + uint32_t(src.info.size() + src.bits.size());
+    e.add(rawRecord(U_EMR_MASKBLT, 128,
+                    {{24, 30}, {28, 20}, {32, 2}, {36, 2}, {40, 0xaacc0020}, {52, 0x3f800000}, {64, 0x3f800000},
+                     {84, srcAt}, {88, uint32_t(src.info.size())}, {92, srcAt + uint32_t(src.info.size())},
+                     {96, uint32_t(src.bits.size())}, {112, maskAt}, {116, uint32_t(mono.info.size())},
+                     {120, maskAt + uint32_t(mono.info.size())}, {124, uint32_t(mono.bits.size())}},
+                    src.info + src.bits + mono.info + mono.bits));
+    const uint32_t pattern = e.brush(U_BS_SOLID, rgb(0, 0, 0));
+    e.add(rawRecord(U_EMR_CREATEDIBPATTERNBRUSHPT, 32, {{8, pattern}}, dibs[2], 16));
+    e.select(pattern);
+    e.ellipse({0, 30, 16, 46});
+    const uint32_t monoBrush = e.brush(U_BS_SOLID, rgb(0, 0, 0));
+    e.add(rawRecord(U_EMR_CREATEMONOBRUSH, 32, {{8, monoBrush}}, mono, 16));
+    e.select(monoBrush);
+    e.rectangle({16, 30, 32, 46});
+    for (int i = 0; i < 6; ++i)
+        e.add(U_EMRSETPIXELV_set(P(40 + i, 40), rgb(255 * (i % 2), 0, 0)));
+    const std::string region = le(32) + le(1) + le(2) + le(32) + le(0) + le(0) + le(48) + le(48) + le(30) + le(30) +
+                               le(40) + le(40) + le(35) + le(35) + le(48) + le(48);
+    const uint32_t cb = uint32_t(region.size());
+    e.add(rawRecord(U_EMR_FILLRGN, 32, {{24, cb}, {28, pattern}}, region));
+    e.add(rawRecord(U_EMR_FRAMERGN, 40, {{24, cb}, {28, U_BLACK_BRUSH}, {32, 2}, {36, 2}}, region));
+    e.add(rawRecord(U_EMR_PAINTRGN, 28, {{24, cb}}, region));
+    e.add(rawRecord(U_EMR_INVERTRGN, 28, {{24, cb}}, region));
+    auto vertex = [&](int vx, int vy, uint32_t r, uint32_t g, uint32_t b) {
+        return le(uint32_t(vx)) + le(uint32_t(vy)) + le(r, 2) + le(g, 2) + le(b, 2) + le(0, 2);
+    };
+    const std::string corners = vertex(0, 0, 0xffff, 0, 0) + vertex(48, 10, 0, 0xffff, 0) + vertex(10, 48, 0, 0, 0xffff);
+    e.add(rawRecord(U_EMR_GRADIENTFILL, 36, {{24, 3}, {28, 2}, {32, U_GRADIENT_FILL_RECT_H}}, corners + le(0) + le(1) + le(1) + le(2)));
+    e.add(rawRecord(U_EMR_GRADIENTFILL, 36, {{24, 3}, {28, 2}, {32, U_GRADIENT_FILL_RECT_V}}, corners + le(0) + le(2) + le(2) + le(5)));
+    e.add(rawRecord(U_EMR_GRADIENTFILL, 36, {{24, 3}, {28, 1}, {32, U_GRADIENT_FILL_TRIANGLE}}, corners + le(0) + le(1) + le(2)));
+    return e.finish();
+}
+
+// A picture drawn by EMF+ records alone: every object kind and the drawing,
+// transform, state and clipping records.
+bool plusRecords(const fs::path& path)
+{
+    EmfWriter e(path.string(), 48, 48);
+    auto le = [](uint32_t v, int n = 4) { return littleEndian(v, n); };
+    auto f = [&](std::initializer_list<float> values) {
+        std::string out;
+        for (float v : values) {
+            uint32_t bits;
+            std::memcpy(&bits, &v, 4);
+            out += le(bits);
+        }
+        return out;
+    };
+    auto rec = [&](uint16_t type, uint16_t flags, const std::string& data) {
+        return le(type, 2) + le(flags, 2) + le(uint32_t(12 + data.size())) + le(uint32_t(data.size())) + data;
+    };
+    const std::string v = le(0xdbc01002);
+    const std::string name = std::string("A\0r\0i\0a\0l\0", 10);
+    const std::string hi = std::string("H\0i\0\n\0!\0", 8);
+    const std::string records =
+        rec(0x4001, 1, v + le(0) + le(96) + le(96)) + rec(0x4030, 2, f({1})) +
+        rec(0x4008, 0x100, v + le(0) + le(0xff20a020)) +
+        rec(0x4008, 0x101, v + le(4) + le(0) + le(0) + f({0, 0, 20, 0}) + le(0xffff0000) + le(0xff0000ff) + le(0) + le(0)) +
+        rec(0x4008, 0x202, v + le(0) + le(0x13f) + le(0) + f({2}) + le(2) + le(2) + le(1) + f({4}) + le(1) + le(1) +
+                               f({3}) + v + le(0) + le(0xff000000)) +
+        rec(0x4008, 0x303, v + le(4) + le(0x4000) + le(0) + le(0x00100010) + le(0x00200030) + le(0x00300000) +
+                               std::string("\0\x01\x03\x83", 4)) +
+        rec(0x4008, 0x504, v + le(1) + le(2) + le(2) + le(8) + le(0x26200a) + le(0) + le(0xffff0000) +
+                               le(0x8000ff00) + le(0xff0000ff) + le(0)) +
+        rec(0x4008, 0x605, v + f({12}) + le(2) + le(1) + le(0) + le(5) + name) +
+        rec(0x4008, 0x706, v + le(0) + le(0) + le(1) + le(1) + std::string(40, '\0')) +
+        rec(0x4025, 0, le(1)) + rec(0x402a, 0, f({1, 0, 0, 1, 2, 2})) + rec(0x402f, 0x2000, f({15})) +
+        rec(0x402e, 0, f({1.5f, 1})) + rec(0x402d, 0x2000, f({-2, 1})) + rec(0x402c, 0, f({1, 0.1f, 0, 1, 0, 0})) +
+        rec(0x4032, 0x100, f({0, 0, 46, 46})) + rec(0x4033, 0x403, "") + rec(0x4035, 0, f({1, 1})) +
+        rec(0x400a, 0, le(0) + le(2) + f({0, 0, 10, 10, 12, 0, 10, 10})) +
+        rec(0x400b, 0x4002, le(1) + le(0x00020002) + le(0x00080008)) +
+        rec(0x400c, 0x8000, le(0xff808080) + le(3) + f({0, 20, 10, 30, 0, 30})) +
+        rec(0x400d, 0x2002, le(3) + f({20, 20, 30, 25, 20, 30})) + rec(0x400e, 1, le(1) + f({30, 0, 10, 8})) +
+        rec(0x400f, 2, f({30, 10, 10, 8})) + rec(0x4010, 0x8000, le(0xff00ffff) + f({0, 90}) + f({0, 36, 10, 10})) +
+        rec(0x4011, 2, f({45, 270}) + f({12, 36, 10, 10})) + rec(0x4012, 2, f({0, 180}) + f({24, 36, 10, 10})) +
+        rec(0x4014, 0x8003, le(0xffffff00)) + rec(0x4015, 3, le(2)) +
+        rec(0x4016, 0x8000, le(0xff0000ff) + f({0.5f}) + le(3) + f({36, 36, 46, 40, 40, 46})) +
+        rec(0x4017, 2, f({0.5f}) + le(3) + f({36, 20, 46, 24, 40, 30})) +
+        rec(0x4018, 2, f({0.5f}) + le(0) + le(2) + le(3) + f({2, 44, 10, 40, 20, 46})) +
+        rec(0x4019, 2, le(4) + f({0, 0, 10, 40, 30, 0, 46, 46})) +
+        rec(0x401a, 4, le(0) + le(2) + f({0, 0, 2, 2}) + f({20, 10, 8, 8})) +
+        rec(0x401b, 4, le(0) + le(2) + f({0, 0, 2, 2}) + le(3) + f({30, 30, 40, 32, 28, 40})) +
+        rec(0x401c, 0x8005, le(0xff000000) + le(6) + le(4) + f({2, 2, 40, 20}) + hi) +
+        rec(0x4031, 0, "") + rec(0x4026, 0, le(1)) + rec(0x4009, 0, le(0x40ffffff)) + rec(0x4002, 1, "");
+    const std::string comment = "EMF+" + records;
+    e.add(rawRecord(U_EMR_COMMENT, 12, {{8, uint32_t(comment.size())}}, comment));
+    return e.finish();
+}
+
 std::string tableBytes(const winners::Table& table)
 {
     const auto bytes = winners::encode(table);
@@ -286,7 +420,8 @@ int main(int argc, char** argv)
 
     const fs::path pictures = corpus / "fuzz_picture";
     bool ok = shapes(pictures / "shapes.emf") && mappings(pictures / "mappings.emf")
-        && paths(pictures / "paths.emf");
+        && paths(pictures / "paths.emf") && bitmaps(pictures / "bitmaps.emf")
+        && plusRecords(pictures / "plus_records.emf");
     ok = ok && text(pictures / "text.emf") && oldHeader(pictures / "text.emf", pictures / "old_header.emf");
     for (const char* asset : {"0.emf", "25.emf", "48.emf", "splash.emf"})
         ok = ok && fs::copy_file(assets / asset, pictures / asset, fs::copy_options::overwrite_existing);

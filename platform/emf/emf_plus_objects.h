@@ -1,0 +1,92 @@
+#pragma once
+// The objects EMF+ records define and later draw with, and a reader that
+// never steps past the bytes it was given.
+#include <QBrush>
+#include <QFont>
+#include <QImage>
+#include <QPainterPath>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace emf::plus {
+
+// Little-endian fields in order; reading past the end yields zeros and
+// marks the reader failed.
+class Reader {
+public:
+    Reader(const char* data, std::size_t size) : data_(data), size_(size) {}
+    bool ok() const { return ok_; }
+    std::size_t left() const { return ok_ ? size_ - at_ : 0; }
+    const char* here() const { return data_ + at_; }
+    std::uint32_t u32();
+    std::int32_t i32() { return std::int32_t(u32()); }
+    std::int16_t i16();
+    std::uint16_t u16() { return std::uint16_t(i16()); }
+    float f32();
+    bool skip(std::size_t bytes);
+
+private:
+    bool need(std::size_t bytes);
+    const char* data_;
+    std::size_t size_;
+    std::size_t at_ = 0;
+    bool ok_ = true;
+};
+
+// A float that is finite and of sane size, or 0.
+double sane(float v);
+
+struct Brush {
+    QBrush brush;
+};
+
+struct Pen {
+    QBrush brush;
+    double width = 0;  // world units (or the pen's own unit, scaled on load)
+    Qt::PenCapStyle cap = Qt::FlatCap;
+    Qt::PenJoinStyle join = Qt::MiterJoin;
+    double miterLimit = 10;
+    Qt::PenStyle style = Qt::SolidLine;
+};
+
+struct Path {
+    QPainterPath path;
+};
+
+struct Image {
+    QImage image;
+};
+
+struct Font {
+    double emSize = 0;
+    std::uint32_t unit = 0;
+    int style = 0;  // bold 1, italic 2, underline 4, strike-out 8
+    QString family;
+};
+
+struct StringFormat {
+    int align = 0;      // near, centre, far
+    int lineAlign = 0;
+};
+
+using Object = std::variant<Brush, Pen, Path, Image, Font, StringFormat>;
+
+// Reads an object of `type` (the record's object type) from its bytes.
+// Images count against *pixelsUsed and are refused over the picture's cap.
+std::optional<Object> readObject(int type, const char* data, std::size_t size,
+                                 std::int64_t* pixelsUsed);
+
+// A brush as stored inside a pen or an object record.
+std::optional<QBrush> readBrush(Reader& r);
+
+// Points in the record forms: 16-bit integers when compressed, floats
+// otherwise. Relative forms are not read (nullopt).
+std::optional<std::vector<QPointF>> readPoints(Reader& r, std::uint32_t count, bool compressed,
+                                               bool relative);
+std::optional<QRectF> readRect(Reader& r, bool compressed);
+
+}  // namespace emf::plus

@@ -1,0 +1,311 @@
+// Bitmaps in every layout a metafile may carry them, raster operations,
+// bitmap brushes, single pixels, regions, gradients and EMF+ records, each
+// drawn into a 40 x 40 picture and checked at a few points.
+#include "platform/emf/emf_picture.h"
+#include "tools/pictures/emf_raw_record.h"
+#include "tools/pictures/emf_writer.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <bit>
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Draw = std::function<void(EmfWriter&)>;
+using Table = std::vector<std::uint32_t>;  // colours, or bit masks
+constexpr QRgb R = 0xffff0000, G = 0xff00ff00, B = 0xff0000ff, W = 0xffffffff, K = 0xff000000,
+               C = 0xff00ffff;
+
+std::string le(std::uint32_t v, int bytes = 4) { return littleEndian(v, bytes); }
+// BitBlt-like records: StretchBlt, AlphaBlend, TransparentBlt over 40 x 40.
+char* blt(std::uint32_t type, const RawDib* d, int srcW, int srcH, std::uint32_t ropOrBlend)
+{
+    if (!d)  // no bitmap: the brush alone
+        return rawRecord(type, 100, {{32, 40}, {36, 40}, {40, ropOrBlend}});
+    return rawRecord(type, type == U_EMR_BITBLT ? 100 : 108,
+                  {{32, 40}, {36, 40}, {40, ropOrBlend}, {52, 0x3f800000}, {64, 0x3f800000},
+                   {100, std::uint32_t(srcW)}, {104, std::uint32_t(srcH)}},
+                  *d, 84);
+}
+
+QImage render(const Draw& draw)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("p.emf");
+    {
+        EmfWriter emf(path.toStdString(), 40, 40);
+        draw(emf);
+        if (!emf.finish())
+            return {};
+    }
+    const auto picture = EmfPicture::load(path);
+    QImage image(40, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    if (picture) {
+        QPainter p(&image);
+        picture->paintNatural(p);
+    }
+    return image;
+}
+
+bool near(QRgb a, QRgb b)
+{
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))}) <= 40;
+}
+
+struct Expect { QPoint at; QRgb colour; };
+
+void checkPoints(const QImage& image, const std::vector<Expect>& expected)
+{
+    QVERIFY(!image.isNull());
+    for (const Expect& e : expected)
+        QVERIFY2(near(image.pixel(e.at), e.colour),
+                 qPrintable(QString("(%1,%2) is %3, not %4").arg(e.at.x()).arg(e.at.y())
+                                .arg(image.pixel(e.at), 0, 16).arg(e.colour, 0, 16)));
+}
+
+// The four quadrants' centres: the 2 x 2 bitmaps' pixels.
+std::vector<Expect> quadrants(QRgb tl, QRgb tr, QRgb bl, QRgb br)
+{
+    return {{{10, 10}, tl}, {{30, 10}, tr}, {{10, 30}, bl}, {{30, 30}, br}};
+}
+
+// An EMF+ record.
+std::string plus(std::uint16_t type, std::uint16_t flags, const std::string& data)
+{
+    return littleEndian(type, 2) + littleEndian(flags, 2) + littleEndian(std::uint32_t(12 + data.size())) +
+           littleEndian(std::uint32_t(data.size())) + data;
+}
+
+const Table kFour{0xff0000, 0x00ff00, 0x0000ff, 0xffffff};
+
+QByteArray png()
+{
+    const QRgb pixels[] = {R, G, B, W};
+    const QImage image(reinterpret_cast<const uchar*>(pixels), 2, 2, QImage::Format_RGB32);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Draw)
+Q_DECLARE_METATYPE(Table)
+Q_DECLARE_METATYPE(std::vector<Expect>)
+
+class EmfBitmapsTest : public QObject {
+    Q_OBJECT
+private slots:
+    // Each layout holds red, green over blue, white (one bit: black, white
+    // over white, black); damaged ones draw what they hold, or nothing.
+    void bitmaps_data()
+    {
+        QTest::addColumn<Draw>("draw");
+        QTest::addColumn<std::vector<Expect>>("expected");
+        auto row = [](const char* name, int depth, int compression, Table table, const std::string& bits,
+                      std::vector<Expect> expected = quadrants(R, G, B, W), int width = 2) {
+            // Negative depth: top-down. The bitmap is stretched over the whole picture.
+            const int height = (width == 2 ? 2 : width) * (depth < 0 ? -1 : 1);
+            const RawDib d = rawDib(width, height, std::abs(depth), std::uint32_t(compression), table, bits);
+            QTest::newRow(name) << Draw([=](EmfWriter& e) {
+                e.add(rawRecord(U_EMR_STRETCHDIBITS, 80, {{40, 2}, {44, 2}, {68, U_SRCCOPY}, {72, 40}, {76, 40}}, d, 48));
+            }) << expected;
+        };
+        using namespace std::string_literals;
+        const Table none;
+        const Table masks{0xf800, 0x07e0, 0x001f};
+        row("1 bit", 1, U_BI_RGB, {0, 0xffffff}, "\x80\0\0\0\x40\0\0\0"s, quadrants(K, W, W, K));
+        row("4 bit", 4, U_BI_RGB, kFour, "\x23\0\0\0\x01\0\0\0"s);
+        row("8 bit", 8, U_BI_RGB, kFour, "\x02\x03\0\0\0\x01\0\0"s);
+        row("16 bit", 16, U_BI_RGB, none, le(0x001f, 2) + le(0x7fff, 2) + le(0x7c00, 2) + le(0x03e0, 2));
+        row("16 bit fields", 16, U_BI_BITFIELDS, masks, le(0x001f, 2) + le(0xffff, 2) + le(0xf800, 2) + le(0x07e0, 2));
+        row("24 bit", 24, U_BI_RGB, none, "\xff\0\0\xff\xff\xff\0\0\0\0\xff\0\xff\0\0\0"s);
+        row("24 bit top-down", -24, U_BI_RGB, none, "\0\0\xff\0\xff\0\0\0\xff\0\0\xff\xff\xff\0\0"s);
+        row("32 bit", 32, U_BI_RGB, none, le(0xff) + le(0xffffff) + le(0xff0000) + le(0xff00));
+        row("8 bit run-length", 8, U_BI_RLE8, kFour, "\x01\x02\x01\x03\0\0\x01\0\x01\x01\0\x01"s);
+        row("4 bit run-length", 4, U_BI_RLE4, kFour, "\x02\x23\0\0\x02\x01\0\x01"s);
+        row("embedded PNG", 0, U_BI_PNG, none, png().toStdString());
+        const std::vector<Expect> blank = quadrants(W, W, W, W);
+        row("over 64 megapixels", 1, U_BI_RGB, {0, 0xffffff}, std::string(64, '\xff'), blank, 70000);
+        row("last row cut short", 24, U_BI_RGB, none, "\xff\0\0\xff\xff\xff\0\0"s, quadrants(W, W, B, W));
+        row("rows cut short", 24, U_BI_RGB, none, "\xff\0\0\xff\xff\xff\0\0"s, blank, 3);
+        row("index past the colour table", 8, U_BI_RGB, kFour, "\x02\x05\0\0\0\x01\0\0"s, quadrants(R, G, B, K));
+        row("run past the edge", 8, U_BI_RLE8, kFour, "\xff\x02\0\x02\x05\xff"s, quadrants(W, W, B, B));
+        row("literal past the data", 8, U_BI_RLE8, kFour, "\x01\x02\0\x40\x01"s, quadrants(W, W, B, W));
+        row("unknown depth", 7, U_BI_RGB, none, std::string(16, '\0'), blank);
+    }
+    void bitmaps() { fills(); }
+
+    // A black-over-white drawing, a black | white bitmap and a red brush;
+    // quadrants: source black or white over drawing black or white.
+    void rasterOperations_data()
+    {
+        QTest::addColumn<uint>("rop");
+        QTest::addColumn<bool>("source");
+        QTest::addColumn<std::vector<Expect>>("expected");
+        QTest::newRow("copy") << uint(U_SRCCOPY) << true << quadrants(K, W, K, W);
+        QTest::newRow("or") << uint(U_SRCPAINT) << true << quadrants(K, W, W, W);
+        QTest::newRow("and") << uint(U_SRCAND) << true << quadrants(K, K, K, W);
+        QTest::newRow("xor") << uint(U_SRCINVERT) << true << quadrants(K, W, W, K);
+        QTest::newRow("inverted copy") << uint(U_NOTSRCCOPY) << true << quadrants(W, K, W, K);
+        QTest::newRow("brush where white") << 0xe20746u << true << quadrants(K, R, W, R);
+        QTest::newRow("brush and source") << uint(U_MERGECOPY) << true << quadrants(K, R, K, R);
+        QTest::newRow("brush") << uint(U_PATCOPY) << false << quadrants(R, R, R, R);
+        QTest::newRow("brush xor") << uint(U_PATINVERT) << false << quadrants(R, R, C, C);
+        QTest::newRow("invert") << uint(U_DSTINVERT) << false << quadrants(W, W, K, K);
+        QTest::newRow("black") << uint(U_BLACKNESS) << false << quadrants(K, K, K, K);
+        QTest::newRow("white") << uint(U_WHITENESS) << false << quadrants(W, W, W, W);
+    }
+    void rasterOperations()
+    {
+        QFETCH(uint, rop);
+        QFETCH(bool, source);
+        QFETCH(std::vector<Expect>, expected);
+        const RawDib d = rawDib(2, 1, 1, U_BI_RGB, {0, 0xffffff}, std::string("\x40\0\0\0", 4));
+        checkPoints(render([&](EmfWriter& e) {
+                        e.select(U_BLACK_BRUSH);
+                        e.select(U_NULL_PEN);
+                        e.rectangle({0, 0, 41, 20});
+                        e.select(e.brush(U_BS_SOLID, rgb(255, 0, 0)));
+                        e.add(blt(source ? U_EMR_STRETCHBLT : U_EMR_BITBLT, source ? &d : nullptr, 2, 1, rop));
+                    }),
+                    expected);
+    }
+
+    void fills_data()
+    {
+        QTest::addColumn<Draw>("draw");
+        QTest::addColumn<std::vector<Expect>>("expected");
+        using namespace std::string_literals;
+        // An 8 x 8 tile, black in its top-left and bottom-right quarters.
+        std::string checker;
+        for (int y = 0; y < 8; ++y)
+            checker += (y < 4 ? "\xf0"s : "\x0f"s) + std::string(3, '\0');  // bottom row first
+        const RawDib tile = rawDib(8, 8, 1, U_BI_RGB, {0, 0xffffff}, checker);
+        for (std::uint32_t type : {U_EMR_CREATEDIBPATTERNBRUSHPT, U_EMR_CREATEMONOBRUSH})
+            QTest::newRow(type == U_EMR_CREATEMONOBRUSH ? "mono brush" : "bitmap brush")
+                << Draw([=](EmfWriter& e) {
+                       const std::uint32_t h = e.brush(U_BS_SOLID, rgb(0, 0, 255));
+                       e.add(rawRecord(type, 32, {{8, h}}, tile, 16));
+                       e.select(h);
+                       e.select(U_NULL_PEN);
+                       e.rectangle({0, 0, 41, 41});
+                   })
+                << std::vector<Expect>{{{2, 2}, K}, {{6, 2}, W}, {{2, 6}, W}, {{14, 14}, K}};
+        const std::string twoBoxes = le(32) + le(1) + le(2) + le(32) + le(0) + le(0) + le(40) + le(40) +
+                                     le(0) + le(0) + le(20) + le(20) + le(20) + le(20) + le(40) + le(40);
+        auto region = [twoBoxes](std::uint32_t type, std::size_t fixed) {
+            return Draw([=](EmfWriter& e) {
+                e.select(U_BLACK_BRUSH);
+                const std::uint32_t red = e.brush(U_BS_SOLID, rgb(255, 0, 0));
+                e.add(rawRecord(type, fixed, {{24, std::uint32_t(twoBoxes.size())}, {28, red}, {32, 4}, {36, 4}},
+                             twoBoxes));
+            });
+        };
+        QTest::newRow("fill region") << region(U_EMR_FILLRGN, 32) << quadrants(R, W, W, R);
+        QTest::newRow("paint region") << region(U_EMR_PAINTRGN, 28) << quadrants(K, W, W, K);
+        QTest::newRow("frame region") << region(U_EMR_FRAMERGN, 40)
+                                      << std::vector<Expect>{{{1, 10}, R}, {{10, 10}, W}, {{30, 10}, W}};
+        QTest::newRow("invert region") << Draw([=](EmfWriter& e) {
+            e.select(U_BLACK_BRUSH);
+            e.select(U_NULL_PEN);
+            e.rectangle({-1, -1, 41, 20});
+            region(U_EMR_INVERTRGN, 28)(e);
+        }) << quadrants(W, K, W, K);
+        auto vertex = [](int x, int y, QRgb c) {
+            return le(std::uint32_t(x)) + le(std::uint32_t(y)) + le(qRed(c) * 257u, 2) + le(qGreen(c) * 257u, 2) +
+                   le(qBlue(c) * 257u, 2) + le(0, 2);
+        };
+        auto gradient = [](std::uint32_t mode, std::uint32_t vertices, const std::string& tail) {
+            return Draw([=](EmfWriter& e) {
+                e.add(rawRecord(U_EMR_GRADIENTFILL, 36, {{24, vertices}, {28, 1}, {32, mode}}, tail));
+            });
+        };
+        QTest::newRow("gradient across")
+            << gradient(U_GRADIENT_FILL_RECT_H, 2, vertex(0, 0, R) + vertex(40, 40, B) + le(0) + le(1))
+            << std::vector<Expect>{{{1, 20}, R}, {{20, 20}, 0xff800080}, {{39, 20}, B}};
+        QTest::newRow("gradient down")
+            << gradient(U_GRADIENT_FILL_RECT_V, 2, vertex(0, 0, R) + vertex(40, 40, B) + le(0) + le(1))
+            << std::vector<Expect>{{{20, 1}, R}, {{20, 20}, 0xff800080}, {{20, 39}, B}};
+        QTest::newRow("shaded triangle")
+            << gradient(U_GRADIENT_FILL_TRIANGLE, 3,
+                        vertex(0, 0, R) + vertex(40, 0, G) + vertex(0, 40, B) + le(0) + le(1) + le(2))
+            << std::vector<Expect>{{{1, 1}, R}, {{37, 1}, G}, {{1, 37}, B}, {{10, 10}, 0xff804040}, {{30, 30}, W}};
+        QTest::newRow("pixels") << Draw([](EmfWriter& e) {
+            e.add(U_EMRSETPIXELV_set({5, 5}, rgb(255, 0, 0)));
+            e.add(U_EMRSETPIXELV_set({6, 5}, rgb(255, 0, 0)));
+        }) << std::vector<Expect>{{{5, 5}, R}, {{6, 5}, R}, {{7, 5}, W}, {{5, 6}, W}};
+        const RawDib redOnly = rawDib(1, 1, 32, U_BI_RGB, {}, le(0xff0000));
+        QTest::newRow("half blended")
+            << Draw([=](EmfWriter& e) { e.add(blt(U_EMR_ALPHABLEND, &redOnly, 1, 1, 128 << 16)); })
+            << quadrants(0xffff8080, 0xffff8080, 0xffff8080, 0xffff8080);
+        const RawDib redGreen = rawDib(2, 1, 24, U_BI_RGB, {}, std::string("\0\0\xff\0\xff\0\0\0", 8));
+        QTest::newRow("green transparent")
+            << Draw([=](EmfWriter& e) { e.add(blt(U_EMR_TRANSPARENTBLT, &redGreen, 2, 1, 0x00ff00)); })
+            << quadrants(R, W, R, W);
+    }
+    void fills()
+    {
+        QFETCH(Draw, draw);
+        QFETCH(std::vector<Expect>, expected);
+        checkPoints(render(draw), expected);
+    }
+
+    // EMF+ records in comments draw when the plain records draw nothing.
+    void plusRecords_data()
+    {
+        QTest::addColumn<Draw>("draw");
+        QTest::addColumn<std::vector<Expect>>("expected");
+        auto f = [](std::initializer_list<float> values) {
+            std::string out;
+            for (float v : values)
+                out += le(std::bit_cast<std::uint32_t>(v));
+            return out;
+        };
+        const std::string header = plus(0x4001, 1, le(0xdbc01002) + le(0) + le(96) + le(96));
+        const std::string redBrush = plus(0x4008, 0x100, le(0xdbc01002) + le(0) + le(0xffff0000));
+        const std::string blackPen =
+            plus(0x4008, 0x201, le(0xdbc01002) + le(0) + le(0) + le(0) + f({4}) + le(0xdbc01002) + le(0) + le(K));
+        const std::string square = plus(0x4008, 0x302, le(0xdbc01002) + le(4) + le(0) + f({0, 0, 40, 0, 40, 40, 0, 40}) +
+                                                       std::string("\0\x01\x01\x81", 4));
+        auto picture = [=](const std::string& records, bool plainToo = false) {
+            return Draw([=](EmfWriter& e) {
+                if (plainToo) {
+                    e.select(U_BLACK_BRUSH);
+                    e.rectangle({0, 0, 20, 20});
+                }
+                e.add(rawRecord(U_EMR_COMMENT, 12, {{8, std::uint32_t(4 + header.size() + records.size())}},
+                                "EMF+" + header + records));
+            });
+        };
+        QTest::newRow("object brush") << picture(redBrush + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 20, 40})))
+                                      << quadrants(R, W, R, W);
+        QTest::newRow("moved ellipse") << picture(plus(0x402d, 0, f({20, 0})) +
+                                                  plus(0x400e, 0x8000, le(B) + f({0, 0, 20, 20})))
+                                       << quadrants(W, B, W, W);
+        QTest::newRow("clipped path") << picture(square + plus(0x4032, 0, f({0, 0, 20, 40})) +
+                                                 plus(0x4014, 0x8002, le(G)))
+                                      << quadrants(G, W, G, W);
+        QTest::newRow("page in points") << picture(plus(0x4030, 3, f({1})) +
+                                                   plus(0x400a, 0x8000, le(R) + le(1) + f({15, 0, 15, 15})))
+                                        << quadrants(W, R, W, W);
+        QTest::newRow("pen") << picture(blackPen + plus(0x400d, 1, le(2) + f({0, 20, 40, 20})))
+                             << std::vector<Expect>{{{10, 20}, K}, {{30, 19}, K}, {{20, 10}, W}, {{20, 30}, W}};
+        QTest::newRow("plain records win") << picture(redBrush + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})), true)
+                                           << quadrants(K, W, W, W);
+    }
+    void plusRecords() { fills(); }
+};
+
+QTEST_MAIN(EmfBitmapsTest)
+#include "test_emf_bitmaps.moc"
