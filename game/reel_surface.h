@@ -3,6 +3,8 @@
 // the five white reel strips, the fifteen cell pictures on them and, in front,
 // the pay-line segments. Cells sit at fractional positions, so the surface
 // paints them itself instead of placing a widget per cell.
+#include "rules/grid.h"
+
 #include <QImage>
 #include <QRectF>
 #include <QWidget>
@@ -15,11 +17,11 @@ class ReelSurface : public QWidget {
 public:
     ReelSurface(const SegmentPool& segments, QWidget* parent);
 
-    // Cell i (1..15): where it stands and the picture it shows, stretched to it.
+    // Cell i (0..14): where it stands and the picture it shows, stretched to it.
     void placeCell(int i, const QRectF& rect);
-    QRectF cellRect(int i) const { return cellRect_[i]; }
+    QRectF cellRect(int i) const { return cellRect_[static_cast<std::size_t>(i)]; }
     void setCellPicture(int i, const QImage* picture);
-    const QImage* cellPicture(int i) const { return cellPicture_[i]; }
+    const QImage* cellPicture(int i) const { return cellPicture_[static_cast<std::size_t>(i)]; }
 
     // The black band and the white strips behind the cells.
     void paintReelBackground(double bandBottom, double stripBottom);
@@ -31,8 +33,8 @@ protected:
 
 private:
     const SegmentPool& segments_;
-    std::array<QRectF, 16> cellRect_{};
-    std::array<const QImage*, 16> cellPicture_{};
+    std::array<QRectF, kCells> cellRect_{};
+    std::array<const QImage*, kCells> cellPicture_{};
     double bandBottom_ = 0;
     double stripBottom_ = 0;
 };

@@ -10,12 +10,14 @@
 namespace win {
 std::function<void(const QString&, const QString&)> messageHook;
 
+int pointsToPixels(double points) { return static_cast<int>(std::lround(points * 96.0 / 72.0)); }
+
 QFont courierBold(double points)
 {
     QFont f(QStringLiteral("Courier New"));
     f.setStyleHint(QFont::TypeWriter);
     f.setBold(true);
-    f.setPixelSize(static_cast<int>(std::lround(points * 96.0 / 72.0)));
+    f.setPixelSize(pointsToPixels(points));
     return f;
 }
 

@@ -63,12 +63,13 @@ private:
     std::vector<Currency> table_;
 };
 
-GridValues gridValues(const std::array<int, 16>& sym, const ReadingValuer& valuer)
+GridValues gridValues(const Grid& sym, const ReadingValuer& valuer)
 {
     GridValues g;
     for (int k = 0; k < kPayLineCount; ++k) {
         const auto& c = kPayLines[static_cast<std::size_t>(k)];
-        const int a = sym[c[0]], b = sym[c[1]], m = sym[c[2]], d = sym[c[3]], e = sym[c[4]];
+        auto at = [&](int i) { return sym[static_cast<std::size_t>(c[static_cast<std::size_t>(i)])]; };
+        const int a = at(0), b = at(1), m = at(2), d = at(3), e = at(4);
         g.value[k] = valuer(a, b, m, d, e);
         g.value[k + 9] = valuer(e, d, m, b, a);
     }
@@ -121,14 +122,14 @@ std::vector<std::array<int, 5>> playedReadings(int lines, bool bothways)
     return readings;
 }
 
-Currency spinPaid(const std::array<int, 16>& symbol, const std::vector<std::array<int, 5>>& readings,
+Currency spinPaid(const Grid& symbol, const std::vector<std::array<int, 5>>& readings,
                   Currency creditsperline)
 {
     // mayPay, with a mask per cell: one bit for its figure, one for its
     // colour. Three cells share a figure or a colour exactly when the AND of
     // their masks is not zero.
-    std::array<std::uint32_t, 16> mask;
-    for (int cell = 1; cell <= 15; ++cell)
+    std::array<std::uint32_t, kCells> mask;
+    for (std::size_t cell = 0; cell < mask.size(); ++cell)
         mask[cell] = runMask(symbol[cell]);
     Currency total;
     for (const auto& c : readings) {
@@ -176,7 +177,7 @@ SimulationTally simulate(const SpinSetup& setup, std::uint64_t spins, std::uint6
     const Currency cpl = Currency::fromWhole(setup.creditsperline);
     const Currency jackpot = Currency::fromWhole(kJackpotFactor) * cpl;
     SpinRandom random(seed);
-    std::array<int, 16> symbol{};
+    Grid symbol{};
     for (std::uint64_t i = 0; i < spins; ++i) {
         random.fillGrid(symbol, setup.symbols);
         const Currency paid = spinPaid(symbol, readings, cpl);
@@ -209,7 +210,7 @@ JackpotTally jackpotSample(int symbols, std::uint64_t spins, std::uint64_t seed)
     JackpotTally tally;
     const ReadingValuer valuer(symbols);
     SpinRandom random(seed);
-    std::array<int, 16> symbol{};
+    Grid symbol{};
     for (std::uint64_t i = 0; i < spins; ++i) {
         random.fillGrid(symbol, symbols);
         countJackpots(gridValues(symbol, valuer), tally);
@@ -222,14 +223,14 @@ JackpotTally jackpotExhaustive(int symbols, int part, int parts)
     JackpotTally tally;
     const ReadingValuer valuer(symbols);
     for (int first = part; first < symbols; first += parts) {
-        std::array<int, 16> symbol{};
-        symbol[1] = first;
+        Grid symbol{};
+        symbol[0] = first;
         for (;;) {
             countJackpots(gridValues(symbol, valuer), tally);
-            int cell = 15;  // odometer over cells 2..15
-            while (cell >= 2 && ++symbol[cell] == symbols)
-                symbol[cell--] = 0;
-            if (cell < 2)
+            int cell = kCells - 1;  // odometer over cells 1..14
+            while (cell >= 1 && ++symbol[static_cast<std::size_t>(cell)] == symbols)
+                symbol[static_cast<std::size_t>(cell--)] = 0;
+            if (cell < 1)
                 break;
         }
     }

@@ -3,6 +3,8 @@
 // and its benchmark: no windows, no text, only the credits paid.
 #include "rules/currency.h"
 
+#include "rules/grid.h"
+
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -19,17 +21,17 @@ public:
     }
     // Uniform in 0..n-1 (multiply-high; the bias is below n / 2^64).
     int below(int n) { return static_cast<int>((static_cast<Wide>(next()) * static_cast<std::uint64_t>(n)) >> 64); }
-    // Cells 1..15 uniform in 0..n-1 (n <= 50), five cells from each draw:
+    // Cells 0..14 uniform in 0..n-1 (n <= 50), five cells from each draw:
     // the low half of each product carries the rest of the draw on to the
     // next cell. Five cells of up to 50 symbols use about 28 of the 64 bits,
     // so no symbol's chance is off by more than 2^-35 of itself.
-    void fillGrid(std::array<int, 16>& symbol, int n)
+    void fillGrid(Grid& symbol, int n)
     {
-        for (int first = 1; first <= 15; first += 5) {
+        for (int first = 0; first < kCells; first += 5) {
             std::uint64_t x = next();
             for (int cell = first; cell < first + 5; ++cell) {
                 const Wide product = static_cast<Wide>(x) * static_cast<std::uint64_t>(n);
-                symbol[cell] = static_cast<int>(product >> 64);
+                symbol[static_cast<std::size_t>(cell)] = static_cast<int>(product >> 64);
                 x = static_cast<std::uint64_t>(product);
             }
         }
@@ -44,9 +46,9 @@ private:
 // right, then (both directions) the same lines right to left.
 std::vector<std::array<int, 5>> playedReadings(int lines, bool bothways);
 
-// The credits paid by one spin: the same total as settle(...).totalpaid for
+// The credits paid by one spin: the same total as settle(...).totalPaid for
 // that grid and bet, but readings that cannot pay are skipped unvalued.
-Currency spinPaid(const std::array<int, 16>& symbol, const std::vector<std::array<int, 5>>& readings,
+Currency spinPaid(const Grid& symbol, const std::vector<std::array<int, 5>>& readings,
                   Currency creditsperline);
 
 struct SpinSetup {

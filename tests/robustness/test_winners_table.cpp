@@ -3,8 +3,7 @@
 // folder. Whatever the player did not replace is still there afterwards;
 // a table that cannot be stored is one message, and the old file stays.
 #include "damage.h"
-#include "game/slot.h"
-#include "winners/creditsdeck.h"
+#include "winners/closing_screen.h"
 #include "winners/winners_file.h"
 
 #include <QFileInfo>
@@ -42,8 +41,7 @@ class TestWinnersTable : public QObject {
     // The closing screen for a player who beats every row: "ME" and Enter.
     void takeTheFirstRow()
     {
-        slot::bank = kRich;
-        creditsdeck deck;
+        ClosingScreen deck(kRich);
         deck.show();
         QVERIFY(deck.row(0) && !deck.row(0)->isReadOnly());
         QTest::keyClicks(deck.row(0), "ME");
@@ -56,8 +54,8 @@ private slots:
     {
         messages.clear();
         ends.clear();
-        creditsdeck::hooks().endProgram = [this](bool stored) { ends << stored; };
-        creditsdeck::hooks().tellPlayer = [this](QWidget*, const QString& text) { messages << text; };
+        ClosingScreen::hooks().endProgram = [this](bool stored) { ends << stored; };
+        ClosingScreen::hooks().tellPlayer = [this](QWidget*, const QString& text) { messages << text; };
         home = QDir::currentPath();
         scratch = std::make_unique<QTemporaryDir>();
         QVERIFY(scratch->isValid());

@@ -80,7 +80,7 @@ private slots:
                     for (bool both : {false, true}) {
                         const Currency credits = Currency::fromWhole(1 + i % 10);
                         const Currency fast = spinPaid(g, playedReadings(lines, both), credits);
-                        QCOMPARE(fast, settle("2500", lines, credits, both, g).totalpaid);
+                        QCOMPARE(fast, settle("2500", lines, credits, both, g).totalPaid);
                     }
                 }
             }
@@ -100,8 +100,8 @@ private slots:
                     std::uint64_t jackpots = 0;
                     for (std::uint32_t code = 0; code < (1u << 15); ++code) {
                         Grid g{};
-                        for (int cell = 1; cell <= 15; ++cell)
-                            g[cell] = (code >> (cell - 1)) & 1;
+                        for (int cell = 0; cell < kCells; ++cell)
+                            g[std::size_t(cell)] = (code >> cell) & 1;
                         jackpots += settle("2500", lineChoices[li], Currency::fromWhole(credits), both, g).jackpot;
                     }
                     QCOMPARE(tally.jackpots[li][both][credits - 1], jackpots);
@@ -126,16 +126,16 @@ private slots:
     void randomSymbolsAreUniform()
     {
         SpinRandom random(3);
-        std::array<std::array<int, 7>, 16> seen{};
+        std::array<std::array<int, 7>, kCells> seen{};
         Grid g{};
         const int draws = 70000;
         for (int i = 0; i < draws; ++i) {
             random.fillGrid(g, 7);
-            for (int cell = 1; cell <= 15; ++cell)
-                ++seen[cell][g[cell]];
+            for (std::size_t cell = 0; cell < g.size(); ++cell)
+                ++seen[cell][std::size_t(g[cell])];
         }
         // Each count is about 10,000 with a standard deviation near 93.
-        for (int cell = 1; cell <= 15; ++cell)
+        for (std::size_t cell = 0; cell < seen.size(); ++cell)
             for (int s = 0; s < 7; ++s)
                 QVERIFY(std::abs(seen[cell][s] - draws / 7) < 500);
     }

@@ -2,6 +2,9 @@
 // The pay table: page 1 shows every symbol in play with what two to five of
 // it in a row pay, page 2 what three to five of one figure in any colours
 // pay, at the credits per line now bet. Opened modally from the menu.
+#include "platform/emf/emf_picture.h"
+#include "rules/currency.h"
+
 #include <QColor>
 #include <QDialog>
 #include <QImage>
@@ -12,10 +15,11 @@
 
 class QPushButton;
 
-class payout : public QDialog {
+class PayTable : public QDialog {
     Q_OBJECT
 public:
-    explicit payout(QWidget* parent = nullptr);
+    // symbols: the pictures of the symbols in play, which outlive the dialog.
+    PayTable(const std::vector<EmfPicture>& symbols, Currency creditsPerLine, QWidget* parent = nullptr);
 
     // One print statement as it stands on the window: where its text starts
     // (top left, pixels), the text, the font's pixel size and the colour.
@@ -27,9 +31,9 @@ public:
     };
     const std::vector<Printed>& printed() const { return printed_; }
 
-    QPushButton* pageButton() const { return Command1; }
+    QPushButton* pageButton() const { return pageButton_; }
     // The picture boxes, index = symbol number.
-    const std::vector<QWidget*>& images() const { return Imagear; }
+    const std::vector<QWidget*>& pictureBoxes() const { return pictureBoxes_; }
     // The off-screen drawing the window shows, brought up to date.
     const QImage& canvas();
 
@@ -38,9 +42,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void Form_Load();
-    void Form_Activate();
-    void Command1_Click();
+    void placePictures();
+    void showPageOne();
+    void showPageTwo();
+    QString amount(double valuePerCredit) const;
 
     // Printing on the window: the text position moves along as items are
     // printed and to the start of the next line when a print ends.
@@ -48,8 +53,10 @@ private:
     void cls();
     void setFontPoints(qreal points);
 
-    QPushButton* Command1 = nullptr;
-    std::vector<QWidget*> Imagear;
+    const std::vector<EmfPicture>& symbols_;
+    Currency creditsPerLine_;
+    QPushButton* pageButton_ = nullptr;
+    std::vector<QWidget*> pictureBoxes_;
     bool activated_ = false;
 
     QPointF position_;

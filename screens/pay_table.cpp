@@ -1,9 +1,7 @@
-#include "screens/payout.h"
+#include "screens/pay_table.h"
 
 #include "platform/window_helpers.h"
-
-#include "game/slot.h"
-#include "platform/emf/emf_picture.h"
+#include "rules/pay.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -18,13 +16,6 @@ constexpr int kWidth = 799;   // client area, pixels
 constexpr int kHeight = 571;
 constexpr int kCell = 38;     // a symbol picture and a row of page 1
 
-// Points to pixels at the designed 96 dots per inch, rounded as the window
-// system rounds font heights: 6.75 -> 9, 12 -> 16, 16 -> 21.
-int pointsToPixels(qreal points)
-{
-    return int(std::lround(points * 96.0 / 72.0));
-}
-
 QFont courier(int pixelSize)
 {
     QFont font = win::courierBold(9);
@@ -32,82 +23,79 @@ QFont courier(int pixelSize)
     return font;
 }
 
-// An amount of the schedule at the credits bet per line: creditsperline x m
-// x factor, factor given in ten-thousandths.
-QString amount(int m, std::int64_t factor)
-{
-    const Currency value = slot::creditsperline * Currency::fromWhole(m) * Currency::fromRaw(factor);
-    return QString::fromStdString(value.printed());
-}
-
 // One image box: the symbol's picture stretched over the box.
 class SymbolBox : public QWidget {
 public:
-    SymbolBox(int symbol, QWidget* parent) : QWidget(parent), symbol_(symbol) {}
+    SymbolBox(const EmfPicture* picture, QWidget* parent) : QWidget(parent), picture_(picture) {}
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        if (symbol_ < 0 || std::size_t(symbol_) >= slot::symbolPictures.size()) return;
+        if (!picture_) return;
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        slot::symbolPictures[std::size_t(symbol_)].paint(painter, QRectF(rect()));
+        picture_->paint(painter, QRectF(rect()));
     }
 
 private:
-    int symbol_;
+    const EmfPicture* picture_;
 };
 
 }  // namespace
 
-payout::payout(QWidget* parent) : QDialog(parent)
+PayTable::PayTable(const std::vector<EmfPicture>& symbols, Currency creditsPerLine, QWidget* parent)
+    : QDialog(parent), symbols_(symbols), creditsPerLine_(creditsPerLine)
 {
     setWindowTitle(QString(61, QLatin1Char(' ')) + QStringLiteral("PAY OUT TABLES AND RULES"));
     setFixedSize(kWidth, kHeight);
     setFontPoints(6.75);
 
-    Command1 = new QPushButton(QStringLiteral("PAGE 2"), this);
-    Command1->setGeometry(640, 528, 97, 33);
-    Command1->setFont(courier(pointsToPixels(12)));
-    QPalette white = Command1->palette();
+    pageButton_ = new QPushButton(QStringLiteral("PAGE 2"), this);
+    pageButton_->setGeometry(640, 528, 97, 33);
+    pageButton_->setFont(courier(win::pointsToPixels(12)));
+    QPalette white = pageButton_->palette();
     white.setColor(QPalette::Button, Qt::white);
-    Command1->setPalette(white);
-    Command1->setAutoFillBackground(true);
-    Command1->setAutoDefault(false);
-    connect(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    pageButton_->setPalette(white);
+    pageButton_->setAutoFillBackground(true);
+    pageButton_->setAutoDefault(false);
+    connect(pageButton_, &QPushButton::clicked, this, [this] { showPageTwo(); });
 
-    Imagear.push_back(new SymbolBox(slot::maxsymbol >= 0 ? 0 : -1, this));
-    Imagear[0]->setGeometry(0, 0, kCell, kCell);
+    pictureBoxes_.push_back(new SymbolBox(symbols_.empty() ? nullptr : &symbols_[0], this));
+    pictureBoxes_[0]->setGeometry(0, 0, kCell, kCell);
 
-    Form_Load();
+    win::centreOnScreen(this);
+    placePictures();
 }
 
-void payout::Form_Load()
+// Four symbols to a row, a quarter of the width apart.
+void PayTable::placePictures()
 {
-    if (QScreen* s = screen()) {
-        const QRect area = s->geometry();
-        move(area.x() + (area.width() - width()) / 2, area.y() + (area.height() - height()) / 2);
-    }
     const qreal w = width();
-    for (int i = 0; i <= slot::maxsymbol; ++i) {
-        if (i > 0) Imagear.push_back(new SymbolBox(i, this));
-        const int col = i % 4, row = i / 4;
-        Imagear[std::size_t(i)]->setGeometry(int(std::lround(col * w / 4)), row * kCell + 22, kCell, kCell);
-        Imagear[std::size_t(i)]->setVisible(true);
+    for (std::size_t i = 0; i < symbols_.size(); ++i) {
+        if (i > 0) pictureBoxes_.push_back(new SymbolBox(&symbols_[i], this));
+        const int col = int(i % 4), row = int(i / 4);
+        pictureBoxes_[i]->setGeometry(int(std::lround(col * w / 4)), row * kCell + 22, kCell, kCell);
+        pictureBoxes_[i]->setVisible(true);
     }
 }
 
-void payout::showEvent(QShowEvent* event)
+// An amount of the schedule at the credits bet per line.
+QString PayTable::amount(double valuePerCredit) const
+{
+    return QString::fromStdString((creditsPerLine_ * Currency::fromDouble(valuePerCredit)).printed());
+}
+
+void PayTable::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
     if (!activated_) {
         activated_ = true;
-        Form_Activate();
+        showPageOne();
     }
 }
 
 // Page 1: every symbol with what two, three, four and five of it pay.
-void payout::Form_Activate()
+void PayTable::showPageOne()
 {
     const qreal w = width();
     const QString heading = QStringLiteral(" 2   3     4     5");
@@ -117,27 +105,29 @@ void payout::Form_Activate()
     }
     print(QString(153, QLatin1Char('-')));
 
-    for (int i = 0; i <= slot::maxsymbol; ++i) {
-        const int col = i % 4, row = i / 4, m = i / 5 + 1;
+    for (int i = 0; i < int(symbols_.size()); ++i) {
+        const int col = i % 4, row = i / 4, f = figureOf(i);
         position_ = QPointF(col * w / 4 + 50, row * kCell + 32);
-        print(amount(m, 17500) + amount(m, 175000) + amount(m, 1750000) + amount(m, 17500000));
+        print(amount(matchRunValue(f, 2)) + amount(matchRunValue(f, 3)) + amount(matchRunValue(f, 4)) +
+              amount(matchRunValue(f, 5)));
     }
 }
 
 // Page 2: one picture per figure and what three, four and five of that
 // figure in any colours pay, then a word on runs of one colour.
-void payout::Command1_Click()
+void PayTable::showPageTwo()
 {
     cls();
-    Command1->hide();
-    for (QWidget* image : Imagear) {
+    pageButton_->hide();
+    for (QWidget* image : pictureBoxes_) {
         image->hide();
         image->move(image->x(), height());
     }
-    for (int i = 0; i <= slot::maxsymbol; i += 5) {
+    const int symbols = int(symbols_.size());
+    for (int i = 0; i < symbols; i += 5) {
         const int f = i / 5;
-        Imagear[std::size_t(i)]->move(0, f * kCell + 22);
-        Imagear[std::size_t(i)]->setVisible(true);
+        pictureBoxes_[std::size_t(i)]->move(0, f * kCell + 22);
+        pictureBoxes_[std::size_t(i)]->setVisible(true);
     }
 
     position_ = QPointF(50, 0);
@@ -145,10 +135,11 @@ void payout::Command1_Click()
     print(QString(72, QLatin1Char('-')));
 
     const QString gap(20, QLatin1Char(' '));
-    for (int i = 0; i <= slot::maxsymbol; i += 5) {
-        const int f = i / 5, m = f + 1;
+    for (int i = 0; i < symbols; i += 5) {
+        const int f = figureOf(i);
         position_ = QPointF(50, f * kCell + 42);
-        print(amount(m, 30000) + gap + amount(m, 300000) + gap + amount(m, 3000000));
+        print(amount(double(figureRunValue(f, 3))) + gap + amount(double(figureRunValue(f, 4))) + gap +
+              amount(double(figureRunValue(f, 5))));
     }
 
     setFontPoints(16);
@@ -159,12 +150,12 @@ void payout::Command1_Click()
     print(QStringLiteral(" near the bottom of above list pays the most!!!!"));
 }
 
-void payout::setFontPoints(qreal points)
+void PayTable::setFontPoints(qreal points)
 {
-    pixelSize_ = pointsToPixels(points);
+    pixelSize_ = win::pointsToPixels(points);
 }
 
-void payout::print(const QString& text, bool stayOnLine)
+void PayTable::print(const QString& text, bool stayOnLine)
 {
     printed_.push_back({position_, text, pixelSize_, colour_});
     canvasStale_ = true;
@@ -176,7 +167,7 @@ void payout::print(const QString& text, bool stayOnLine)
         position_ = QPointF(0, position_.y() + metrics.height());
 }
 
-void payout::cls()
+void PayTable::cls()
 {
     printed_.clear();
     position_ = QPointF(0, 0);
@@ -184,7 +175,7 @@ void payout::cls()
     update();
 }
 
-const QImage& payout::canvas()
+const QImage& PayTable::canvas()
 {
     const qreal ratio = devicePixelRatioF();
     if (canvasStale_ || canvas_.isNull() || canvas_.devicePixelRatio() != ratio) {
@@ -205,7 +196,7 @@ const QImage& payout::canvas()
     return canvas_;
 }
 
-void payout::paintEvent(QPaintEvent*)
+void PayTable::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.drawImage(QPointF(0, 0), canvas());

@@ -3,6 +3,7 @@
 // credits beat a row types a name there and Enter stores the table; a player
 // who beats none sees the table stored as it was 2.5 seconds later. Either
 // way the program ends here.
+#include "rules/currency.h"
 #include "winners/winners_file.h"
 
 #include <QPointF>
@@ -16,7 +17,7 @@
 
 class QLineEdit;
 
-class creditsdeck : public QWidget {
+class ClosingScreen : public QWidget {
     Q_OBJECT
 public:
     // What the screen does to the world outside; tests replace them.
@@ -32,11 +33,12 @@ public:
     };
     static Hooks& hooks();
 
-    explicit creditsdeck(QWidget* parent = nullptr);
+    // bank: the player's credits as last settled.
+    explicit ClosingScreen(Currency bank, QWidget* parent = nullptr);
 
     // Read-only views for whoever checks the screen.
     const winners::Table& table() const { return winners_; }
-    QLineEdit* row(int k) const { return Textdata[k]; }
+    QLineEdit* row(int k) const { return rows_[static_cast<std::size_t>(k)]; }
     // The player's credits as printed beside the rows, and where (pixels,
     // top left of the text).
     const QString& printedCredits() const { return printed_; }
@@ -54,17 +56,16 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Form_Activate();
-    void Textdata_KeyPress(int k);
-    void Timer1_Timer();
-    void Form_Click();
+    void fillTable();
+    void storeName(int k);
 
     void printCredits(int k);
     void finish(bool write);
 
+    Currency bank_;
     winners::Table winners_{};
-    std::array<QLineEdit*, winners::kRecords> Textdata{};
-    QTimer Timer1;
+    std::array<QLineEdit*, winners::kRecords> rows_{};
+    QTimer countdown_;
     bool activated_ = false;
     bool ended_ = false;
     QString printed_;

@@ -1,8 +1,12 @@
-// The pay table's two pages: what is printed where, at the credits per line
-// in force, and which pictures stand where.
-#include "game/slot.h"
-#include "screens/payout.h"
+// The side screens: the splash with its title and version, and the pay
+// table's two pages — what is printed where, at the credits per line in
+// force, and which pictures stand where.
+#include "screens/pay_table.h"
+#include "screens/splash.h"
+#include "tests/support/asset_folder.h"
 
+#include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QtTest>
 
@@ -13,7 +17,7 @@ namespace {
 constexpr qreal kQuarter = 799.0 / 4;
 
 // The line height of the small print, taken from the first line break.
-qreal smallLine(const payout& p) { return p.printed()[4].at.y(); }
+qreal smallLine(const PayTable& p) { return p.printed()[4].at.y(); }
 
 // True when the drawing has dark pixels in the rectangle.
 bool inked(const QImage& image, const QRect& r)
@@ -27,21 +31,36 @@ bool inked(const QImage& image, const QRect& r)
 
 }  // namespace
 
-class PayoutTest : public QObject {
+class ScreensTest : public QObject {
     Q_OBJECT
-    std::unique_ptr<payout> screen_;
+    std::vector<EmfPicture> symbols_;
+    std::unique_ptr<PayTable> screen_;
 
-    payout& open(int maxsymbol, Currency perLine)
+    PayTable& open(Currency perLine)
     {
-        slot::maxsymbol = maxsymbol;
-        slot::creditsperline = perLine;
-        screen_ = std::make_unique<payout>();
+        screen_ = std::make_unique<PayTable>(symbols_, perLine);
         screen_->show();
         return *screen_;
     }
 
 private slots:
+    void initTestCase()
+    {
+        for (int i = 0; i < 15; ++i)
+            symbols_.push_back(*EmfPicture::load(assetsDir() + QStringLiteral("/%1.emf").arg(i)));
+    }
     void cleanup() { screen_.reset(); }
+
+    void splashShowsTitleAndVersionThenCloses()
+    {
+        QDir::setCurrent(assetsDir());
+        QPointer<SplashScreen> splash(new SplashScreen);
+        splash->showWithVersion();
+        QCOMPARE(splash->findChild<QLabel*>("titleLabel")->text(), QString("reelmoor"));
+        QCOMPARE(splash->findChild<QLabel*>("versionLabel")->text(), QString("Version 1.0.1"));
+        QCOMPARE(splash->size(), QSize(452, 423));
+        QTRY_VERIFY_WITH_TIMEOUT(splash.isNull(), 5000);
+    }
 
     void pageOne_data()
     {
@@ -56,7 +75,7 @@ private slots:
     {
         QFETCH(int, perLine);
         QFETCH(QStringList, figures);
-        payout& p = open(14, Currency::fromWhole(perLine));
+        PayTable& p = open(Currency::fromWhole(perLine));
         const auto& items = p.printed();
         QCOMPARE(int(items.size()), 4 + 1 + 15);
 
@@ -72,11 +91,11 @@ private slots:
             const int col = i % 4, row = i / 4;
             QCOMPARE(items[5 + i].text, figures[i / 5]);
             QCOMPARE(items[5 + i].at, QPointF(col * kQuarter + 50, row * 38 + 32));
-            QWidget* image = p.images()[std::size_t(i)];
+            QWidget* image = p.pictureBoxes()[std::size_t(i)];
             QVERIFY(image->isVisible());
             QCOMPARE(image->geometry(), QRect(qRound(col * kQuarter), row * 38 + 22, 38, 38));
         }
-        QCOMPARE(int(p.images().size()), 15);
+        QCOMPARE(int(p.pictureBoxes().size()), 15);
 
         // The window shows its drawing, made at the screen's pixel density.
         QCOMPARE(p.canvas().devicePixelRatio(), p.devicePixelRatioF());
@@ -86,7 +105,7 @@ private slots:
 
     void pageTwo()
     {
-        payout& p = open(14, Currency::fromWhole(10));
+        PayTable& p = open(Currency::fromWhole(10));
         const qreal line = smallLine(p);
         QTest::mouseClick(p.pageButton(), Qt::LeftButton);
         QVERIFY(!p.pageButton()->isVisible());
@@ -124,7 +143,7 @@ private slots:
 
         // One picture per figure at the left edge; the rest out of sight.
         for (int i = 0; i <= 14; ++i) {
-            QWidget* image = p.images()[std::size_t(i)];
+            QWidget* image = p.pictureBoxes()[std::size_t(i)];
             if (i % 5 == 0) {
                 QVERIFY(image->isVisible());
                 QCOMPARE(image->geometry(), QRect(0, i / 5 * 38 + 22, 38, 38));
@@ -138,21 +157,7 @@ private slots:
         QVERIFY(!inked(p.canvas(), QRect(qRound(2 * kQuarter) + 50, 2 * 38 + 32, 90, 8)));
         QVERIFY(inked(p.canvas(), QRect(0, qRound(items[5].at.y()), 200, 20)));
     }
-
-    void noSymbols()
-    {
-        payout& p = open(-1, Currency::fromWhole(1));
-        QCOMPARE(int(p.printed().size()), 5);  // the headings and the hyphens
-        for (QWidget* image : p.images()) QCOMPARE(image->geometry(), QRect(0, 0, 38, 38));
-
-        const qreal line = smallLine(p);
-        QTest::mouseClick(p.pageButton(), Qt::LeftButton);
-        const auto& items = p.printed();
-        QCOMPARE(int(items.size()), 2 + 4);
-        QCOMPARE(items[2].pixelSize, 21);
-        QCOMPARE(items[2].at, QPointF(0, 2 * line));
-    }
 };
 
-QTEST_MAIN(PayoutTest)
-#include "payout_test.moc"
+QTEST_MAIN(ScreensTest)
+#include "screens_test.moc"

@@ -1,8 +1,6 @@
-#include "winners/creditsdeck.h"
+#include "winners/closing_screen.h"
 
 #include "platform/window_helpers.h"
-
-#include "game/slot.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -12,13 +10,10 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 
 namespace {
 
-// The window is designed in twips, 15 of them to a pixel.
-constexpr int kTwipsPerPixel = 15;
-constexpr qreal px(int twips) { return qreal(twips) / kTwipsPerPixel; }
+constexpr qreal px(int twips) { return win::twips(twips); }
 
 constexpr int kClientWidth = 6645;
 constexpr int kClientHeight = 4500;
@@ -36,7 +31,7 @@ QString toQString(const std::u32string& text)
 
 }  // namespace
 
-creditsdeck::Hooks& creditsdeck::hooks()
+ClosingScreen::Hooks& ClosingScreen::hooks()
 {
     static Hooks h{
         [](bool) { QCoreApplication::quit(); },
@@ -48,58 +43,53 @@ creditsdeck::Hooks& creditsdeck::hooks()
     return h;
 }
 
-creditsdeck::creditsdeck(QWidget* parent) : QWidget(parent)
+ClosingScreen::ClosingScreen(Currency bank, QWidget* parent) : QWidget(parent), bank_(bank)
 {
     setWindowTitle(QStringLiteral("program by Orrin Vale"));
     setFont(deckFont());
     setFixedSize(qRound(px(kClientWidth)), qRound(px(kClientHeight)));
 
-    Textdata[0] = new QLineEdit(this);
-    Textdata[0]->setGeometry(0, 0, qRound(px(kRowWidth)), qRound(px(kRowHeight)));
-    Textdata[0]->installEventFilter(this);
+    rows_[0] = new QLineEdit(this);
+    rows_[0]->setGeometry(0, 0, qRound(px(kRowWidth)), qRound(px(kRowHeight)));
+    rows_[0]->installEventFilter(this);
 
-    Timer1.setInterval(0);  // idle until activation sets it
-    Timer1.setSingleShot(true);
-    connect(&Timer1, &QTimer::timeout, this, [this] { Timer1_Timer(); });
+    countdown_.setInterval(0);  // idle until activation sets it
+    countdown_.setSingleShot(true);
+    connect(&countdown_, &QTimer::timeout, this, [this] { finish(true); });
 }
 
-void creditsdeck::showEvent(QShowEvent* event)
+void ClosingScreen::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     // The only window left: it is activated once.
     if (!activated_) {
         activated_ = true;
-        Form_Activate();
+        fillTable();
     }
 }
 
-void creditsdeck::Form_Activate()
+void ClosingScreen::fillTable()
 {
-    if (QScreen* s = screen()) {
-        const QRect area = s->geometry();
-        const QSize outer = frameGeometry().size();
-        move(area.x() + (area.width() - outer.width()) / 2,
-             area.y() + (area.height() - outer.height()) / 2);
-    }
+    win::centreOnScreen(this);
 
     const winners::Opened file = winners::open();
 
-    const QRect design = Textdata[0]->geometry();
+    const QRect design = rows_[0]->geometry();
     for (int k = 0; k < winners::kRecords; ++k) {
         if (k > 0) {
-            Textdata[k] = new QLineEdit(this);
-            Textdata[k]->installEventFilter(this);
+            rows_[std::size_t(k)] = new QLineEdit(this);
+            rows_[std::size_t(k)]->installEventFilter(this);
         }
-        Textdata[k]->setGeometry(0, k * design.height(), design.width(), design.height());
-        Textdata[k]->setReadOnly(true);
-        Textdata[k]->setVisible(true);
+        rows_[std::size_t(k)]->setGeometry(0, k * design.height(), design.width(), design.height());
+        rows_[std::size_t(k)]->setReadOnly(true);
+        rows_[std::size_t(k)]->setVisible(true);
     }
 
-    const Currency bank = slot::bank;
+    const Currency bank = bank_;
     winners_ = file.recordCount == 0 ? winners::defaultTable() : file.table;
     bool autoclose = true;
     for (int k = 0; k < winners::kRecords; ++k) {
-        QLineEdit* row = Textdata[k];
+        QLineEdit* row = rows_[std::size_t(k)];
         if (winners::beats(bank, winners_[k].credits)) {
             // The player's row: the beaten entry leaves the table.
             winners_[k].credits = winners::creditsFromBank(bank);
@@ -120,19 +110,19 @@ void creditsdeck::Form_Activate()
     }
 
     if (autoclose) {
-        Timer1.setInterval(kCountdownMs);
-        Timer1.start();
+        countdown_.setInterval(kCountdownMs);
+        countdown_.start();
     }
 }
 
-void creditsdeck::printCredits(int k)
+void ClosingScreen::printCredits(int k)
 {
-    printed_ = QString::fromStdString(slot::bank.printed());
-    printedAt_.push_back(QPointF(px(kRowWidth + kPrintGap), Textdata[k]->y()));
+    printed_ = QString::fromStdString(bank_.printed());
+    printedAt_.push_back(QPointF(px(kRowWidth + kPrintGap), rows_[std::size_t(k)]->y()));
     update();
 }
 
-void creditsdeck::paintEvent(QPaintEvent*)
+void ClosingScreen::paintEvent(QPaintEvent*)
 {
     if (printedAt_.empty()) return;
     QPainter painter(this);
@@ -142,14 +132,14 @@ void creditsdeck::paintEvent(QPaintEvent*)
     for (const QPointF& at : printedAt_) painter.drawText(at + QPointF(0, ascent), printed_);
 }
 
-bool creditsdeck::eventFilter(QObject* watched, QEvent* event)
+bool ClosingScreen::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             for (int k = 0; k < winners::kRecords; ++k) {
-                if (Textdata[k] == watched) {
-                    Textdata_KeyPress(k);
+                if (rows_[std::size_t(k)] == watched) {
+                    storeName(k);
                     return true;  // the key is consumed
                 }
             }
@@ -158,45 +148,35 @@ bool creditsdeck::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-void creditsdeck::Textdata_KeyPress(int k)
+void ClosingScreen::storeName(int k)
 {
     if (ended_) return;
     // Composed characters count as one, as the player sees them.
-    const QString text = Textdata[k]->text().normalized(QString::NormalizationForm_C);
+    const QString text = rows_[std::size_t(k)]->text().normalized(QString::NormalizationForm_C);
     const QList<uint> chars = text.toUcs4();
     winners_[k].name = winners::nameFromText(std::u32string(chars.begin(), chars.end()));
     finish(true);
 }
 
-void creditsdeck::Timer1_Timer()
-{
-    finish(true);
-}
-
-void creditsdeck::mouseReleaseEvent(QMouseEvent* event)
+void ClosingScreen::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        Form_Click();
+        finish(false);
     QWidget::mouseReleaseEvent(event);
 }
 
-void creditsdeck::Form_Click()
-{
-    finish(false);
-}
-
-void creditsdeck::closeEvent(QCloseEvent* event)
+void ClosingScreen::closeEvent(QCloseEvent* event)
 {
     // Closing the window by its frame ends the program without storing.
     finish(false);
     event->accept();
 }
 
-void creditsdeck::finish(bool write)
+void ClosingScreen::finish(bool write)
 {
     if (ended_) return;
     ended_ = true;
-    Timer1.stop();
+    countdown_.stop();
     bool stored = false;
     if (write) {
         const winners::Saved saved = winners::save(winners_, winners::kFileName, hooks().writer);
