@@ -1,9 +1,10 @@
 #pragma once
 // The main window: the grid of fifteen reels with the pay lines over it, the
 // bet and result boxes, the betting buttons and the "&file" menu. The game
-// itself (bank, bet, symbols) is a Game; the reels' motion is Reels; this
-// window wires the controls to them and shows what they answer.
-#include "game/symbol_strip.h"
+// itself (bank, bet, symbols) is a Game, the betting controls a BetPanel,
+// the reels a ReelSpinner; this window wires them together and shows the
+// results.
+#include "game/reel_spinner.h"
 #include "platform/sound/media_player.h"
 #include "presentation/segment_pool.h"
 #include "presentation/strobe.h"
@@ -13,8 +14,8 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include <array>
 
+class BetPanel;
 class CaptionButton;
 class QAction;
 class QLabel;
@@ -36,7 +37,7 @@ public:
 
     // Read-only views for whoever checks the game.
     const Game& game() const { return game_; }
-    const Reels& reels() const { return reels_; }
+    const Reels& reels() const { return spinner_->reels(); }
     const MediaPlayer& player() const { return player_; }
     int beepsSounded() const { return beeps_; }
 
@@ -52,7 +53,6 @@ protected:
 private:
     void buildControls();
     void buildMenu();
-    bool layOutButtons();
     void placeCells();
     void showOpening();
 
@@ -68,15 +68,9 @@ private:
     void showPayTable();
 
     // What the window shows.
-    void showLineChoice();
-    void showCreditChoice();
-    void showCreditCaptions();
-    void showDirections();
     void showBet();
     void drawPayLines();
     void setControlsLocked(bool locked);
-    void showCells();
-    void pass();
     void settle();
     void flash(const Settlement& s);
     void flashHalf(bool blank);
@@ -89,8 +83,6 @@ private:
 
     Draw draw_;
     Game game_;
-    Reels reels_{1};
-    SymbolStrip strip_;
     SegmentPool payLines_;
     Strobe strobe_;
     CellFlags flashing_{};
@@ -99,14 +91,11 @@ private:
     bool winsRightToLeft_ = false;
 
     ReelSurface* surface_ = nullptr;
+    ReelSpinner* spinner_ = nullptr;
+    BetPanel* betPanel_ = nullptr;
     CaptionButton* spinButton_ = nullptr;
-    CaptionButton* directionsButton_ = nullptr;
-    CaptionButton* betMaxButton_ = nullptr;
-    std::array<CaptionButton*, Game::kLineChoices> lineButtons_{};
-    std::array<CaptionButton*, Game::kCreditChoices> creditButtons_{};
     QLineEdit* paidBox_ = nullptr;
     QLineEdit* bankBox_ = nullptr;
-    QLineEdit* betBox_ = nullptr;
     QLineEdit* netBox_ = nullptr;
     QLabel* netLabel_ = nullptr;
     QSvgWidget* rightArrow_ = nullptr;
@@ -115,8 +104,6 @@ private:
     QAction* timesTenAction_ = nullptr;
     QAction* divideAction_ = nullptr;
     QList<QAction*> sessionActions_;
-    std::array<QTimer*, kCells> reelStopTimers_{};
-    QTimer passTimer_;
     QTimer audioRest_;  // lets the audio device rest once all is quiet
     MediaPlayer player_;
 

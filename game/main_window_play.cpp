@@ -1,12 +1,11 @@
 // What the player does on the main window, and the spin: lock the controls,
-// set fifteen reels rolling, move them one picture per pass until all have
-// stopped, then settle — winning lines, paid credits, the flashes (twice on a
+// set the reels rolling until all have stopped, then settle — winning lines, paid credits, the flashes (twice on a
 // jackpot), the refilled bank, the net result — and hand the controls back.
 #include "game/main_window.h"
 
+#include "game/bet_panel.h"
 #include "game/reel_surface.h"
 #include "platform/caption_button.h"
-#include "platform/pacing.h"
 #include "platform/window_helpers.h"
 #include "screens/pay_table.h"
 
@@ -26,7 +25,6 @@ QString amountText(Currency c) { return QString::fromStdString(c.text()); }
 void MainWindow::chooseLines(int button)
 {
     game_.chooseLines(button);
-    showLineChoice();
     play("chimes.wav");
     showBet();
     drawPayLines();
@@ -36,7 +34,6 @@ void MainWindow::chooseLines(int button)
 void MainWindow::chooseCredits(int button)
 {
     game_.chooseCredits(button);
-    showCreditChoice();
     play("clunk.wav", 3);
     showBet();
     spinButton_->setFocus();
@@ -46,7 +43,6 @@ void MainWindow::toggleDirections()
 {
     play("jackpot.wav");
     game_.toggleDirections();
-    showDirections();
     showBet();
     spinButton_->setFocus();
 }
@@ -54,13 +50,9 @@ void MainWindow::toggleDirections()
 // The largest bet, with each choice sounding as if it were clicked, and a spin.
 void MainWindow::betMax()
 {
-    if (game_.betMax()) {
+    if (game_.betMax())
         play("jackpot.wav");
-        showDirections();
-    }
-    showCreditChoice();
     play("clunk.wav", 3);
-    showLineChoice();
     play("chimes.wav");
     showBet();
     drawPayLines();
@@ -73,7 +65,6 @@ void MainWindow::timesTen()
     if (!game_.timesTen())
         return;
     showBet();
-    showCreditCaptions();
     divideAction_->setEnabled(game_.canDivideByTen());
     timesTenAction_->setEnabled(game_.canTimesTen());
 }
@@ -83,7 +74,6 @@ void MainWindow::divideByTen()
     if (!game_.dividedByTen())
         return;
     showBet();
-    showCreditCaptions();
     divideAction_->setEnabled(game_.canDivideByTen());
     timesTenAction_->setEnabled(game_.canTimesTen());
 }
@@ -93,43 +83,16 @@ void MainWindow::newGame() { bankBox_->setText(QString::fromStdString(Game::newG
 
 void MainWindow::showPayTable()
 {
-    PayTable table(strip_.symbols(), game_.creditsPerLine(), this);
+    PayTable table(spinner_->strip().symbols(), game_.creditsPerLine(), this);
     table.exec();
 }
 
-void MainWindow::showLineChoice()
+// The bet on the panel, and the left arrow while wins count both ways.
+void MainWindow::showBet()
 {
-    for (int i = 0; i < Game::kLineChoices; ++i)
-        lineButtons_[static_cast<std::size_t>(i)]->setFace(i == game_.chosenLines() ? win::kChosen : win::kFace);
+    betPanel_->show(game_);
+    leftArrow_->setVisible(game_.bothWays());
 }
-
-void MainWindow::showCreditChoice()
-{
-    for (int i = 0; i < Game::kCreditChoices; ++i)
-        creditButtons_[static_cast<std::size_t>(i)]->setFace(i == game_.chosenCredits() ? win::kChosen : win::kFace);
-}
-
-void MainWindow::showCreditCaptions()
-{
-    for (int i = 0; i < Game::kCreditChoices; ++i) {
-        const QString caption = QString::fromStdString(game_.creditCaption(i));
-        creditButtons_[static_cast<std::size_t>(i)]->setText(caption);
-        creditButtons_[static_cast<std::size_t>(i)]->setAccessibleName(caption);
-    }
-}
-
-void MainWindow::showDirections()
-{
-    const bool both = game_.bothWays();
-    leftArrow_->setVisible(both);
-    directionsButton_->setFace(both ? win::kChosen : win::kFace);
-    directionsButton_->setText(both ? QStringLiteral("win one direction ------->")
-                                    : QStringLiteral("win both directions <---------->"));
-    directionsButton_->setAccessibleName(both ? QStringLiteral("win one direction")
-                                              : QStringLiteral("win both directions"));
-}
-
-void MainWindow::showBet() { betBox_->setText(QString::fromStdString(game_.betText())); }
 
 // Column centres divide the width into eighths; row centres are the middles
 // of the rows' first cells. Worked out in single precision.
@@ -158,12 +121,7 @@ void MainWindow::setControlsLocked(bool locked)
     divideAction_->setEnabled(!locked && game_.canDivideByTen());
     if (!locked)
         timesTenAction_->setEnabled(game_.canTimesTen());
-    directionsButton_->setEnabled(!locked);
-    betMaxButton_->setEnabled(!locked);
-    for (CaptionButton* b : lineButtons_)
-        b->setEnabled(!locked);
-    for (CaptionButton* b : creditButtons_)
-        b->setEnabled(!locked);
+    betPanel_->setLocked(locked);
 }
 
 void MainWindow::spin()
@@ -175,42 +133,16 @@ void MainWindow::spin()
     play("clink.wav", 100000);
 
     // Each reel stops on its own, 2 to 6 seconds from now.
-    const SpinPlan plan = planSpin(draw_, strip_.symbolCount());
-    for (int i = 0; i < kCells; ++i)
-        reelStopTimers_[static_cast<std::size_t>(i)]->start(static_cast<int>(
-            std::lround(plan.stopAfterMs[static_cast<std::size_t>(i)] * pacing().timerScale)));
+    const SpinPlan plan = planSpin(draw_, spinner_->strip().symbolCount());
     payLines_.hideAll();
     surface_->segmentsChanged();
     flashing_ = {};
-    reels_.start(plan);
-    passTimer_.start(pacing().passMs);
-}
-
-void MainWindow::showCells()
-{
-    for (int i = 0; i < kCells; ++i)
-        surface_->setCellPicture(i, &strip_.picture(reels_.picture(i)));
-}
-
-// One pass: every running reel rolls one twelfth of a cell; a stopped reel
-// settles on the symbol whose picture it showed. The spin ends after a pass
-// that finds all fifteen stopped.
-void MainWindow::pass()
-{
-    const bool over = reels_.pass();
-    showCells();
-    emit passDone();
-    if (over) {
-        passTimer_.stop();
-        play("");
-        spinning_ = false;
-        settle();
-    }
+    spinner_->spin(plan);
 }
 
 void MainWindow::settle()
 {
-    game_.setSymbols(reels_.symbols());
+    game_.setSymbols(spinner_->reels().symbols());
     const Settlement s = game_.settle(bankBox_->text().toStdString());
     flashing_ = s.runCells;
     payLines_.hideAll();
@@ -250,7 +182,7 @@ void MainWindow::flashHalf(bool blank)
         beep();
     for (int i = 0; i < kCells; ++i)
         if (flashing_[static_cast<std::size_t>(i)])
-            surface_->setCellPicture(i, blank ? &strip_.blank() : &strip_.picture(reels_.picture(i)));
+            spinner_->showCell(i, blank);
 }
 
 void MainWindow::endSettlement(const Settlement& s)
