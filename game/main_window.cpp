@@ -57,7 +57,7 @@ MainWindow::MainWindow(Draw draw, QWidget* parent) : QMainWindow(parent), draw_(
         startupError_ = QStringLiteral("0.emf");
         return;
     }
-    placeCells();
+    surface_->placeCells(SymbolStrip::kSymbolSize);
     showOpening();
 }
 
@@ -155,18 +155,6 @@ void MainWindow::buildMenu()
     // The bar keeps its height while the menu is hidden during a spin, so the
     // window does not jump.
     menuBar()->setFixedHeight(menuBar()->sizeHint().height());
-}
-
-// The five columns centred on 2/8 .. 6/8 of the width; the rows touch.
-void MainWindow::placeCells()
-{
-    const double sw = surface_->width();
-    const double size = SymbolStrip::kSymbolSize;
-    for (int i = 0; i < kCells; ++i) {
-        const CellPlace at = placeOf(i);
-        surface_->placeCell(i, QRectF((at.column + 2) * sw / 8 - size / 2, at.row * size + 5, size, size));
-    }
-    surface_->paintReelBackground(3 * size + 10, 3 * size + 5);
 }
 
 // The first playable state: 2500 credits, one line and one credit per line

@@ -53,7 +53,6 @@ protected:
 private:
     void buildControls();
     void buildMenu();
-    void placeCells();
     void showOpening();
 
     // What the player does.

@@ -94,18 +94,9 @@ void MainWindow::showBet()
     leftArrow_->setVisible(game_.bothWays());
 }
 
-// Column centres divide the width into eighths; row centres are the middles
-// of the rows' first cells. Worked out in single precision.
 void MainWindow::drawPayLines()
 {
-    GridCentres centres;
-    const float w = static_cast<float>(surface_->width());
-    for (int c = 0; c < kColumns; ++c)
-        centres.x[c] = w * static_cast<float>(c + 2) / 8.0f;
-    for (int r = 0; r < kRows; ++r)
-        centres.y[r] = static_cast<float>(surface_->cellRect(cellAt(r, 0)).top()) +
-                       static_cast<float>(surface_->cellRect(0).height()) / 2.0f;
-    layOutPayLines(payLines_, game_.lines(), centres);
+    layOutPayLines(payLines_, game_.lines(), surface_->gridCentres());
     surface_->segmentsChanged();
 }
 

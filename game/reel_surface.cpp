@@ -28,11 +28,27 @@ void ReelSurface::setCellPicture(int i, const QImage* picture)
     update(cellRect_[at].toAlignedRect());
 }
 
-void ReelSurface::paintReelBackground(double bandBottom, double stripBottom)
+void ReelSurface::placeCells(double size)
 {
-    bandBottom_ = bandBottom;
-    stripBottom_ = stripBottom;
+    const double sw = width();
+    for (int i = 0; i < kCells; ++i) {
+        const CellPlace at = placeOf(i);
+        placeCell(i, QRectF((at.column + 2) * sw / 8 - size / 2, at.row * size + 5, size, size));
+    }
+    bandBottom_ = kRows * size + 10;
+    stripBottom_ = kRows * size + 5;
     update();
+}
+
+GridCentres ReelSurface::gridCentres() const
+{
+    GridCentres centres;
+    const float w = static_cast<float>(width());
+    for (int c = 0; c < kColumns; ++c)
+        centres.x[c] = w * static_cast<float>(c + 2) / 8.0f;
+    for (int r = 0; r < kRows; ++r)
+        centres.y[r] = static_cast<float>(cellRect(cellAt(r, 0)).top()) + static_cast<float>(cellRect(0).height()) / 2.0f;
+    return centres;
 }
 
 void ReelSurface::segmentsChanged() { update(0, 0, width(), static_cast<int>(bandBottom_) + 60); }

@@ -3,6 +3,7 @@
 // the five white reel strips, the fifteen cell pictures on them and, in front,
 // the pay-line segments. Cells sit at fractional positions, so the surface
 // paints them itself instead of placing a widget per cell.
+#include "presentation/segment_pool.h"
 #include "rules/grid.h"
 
 #include <QImage>
@@ -11,20 +12,23 @@
 
 #include <array>
 
-class SegmentPool;
 
 class ReelSurface : public QWidget {
 public:
     ReelSurface(const SegmentPool& segments, QWidget* parent);
+
+    // The grid of size x size cells: the five columns centred on 2/8 .. 6/8
+    // of the width, the rows touching from 5 pixels down; the black band and
+    // the white strips behind them.
+    void placeCells(double size);
+    // The centres of the columns and rows, in single precision, for the pay lines.
+    GridCentres gridCentres() const;
 
     // Cell i (0..14): where it stands and the picture it shows, stretched to it.
     void placeCell(int i, const QRectF& rect);
     QRectF cellRect(int i) const { return cellRect_[static_cast<std::size_t>(i)]; }
     void setCellPicture(int i, const QImage* picture);
     const QImage* cellPicture(int i) const { return cellPicture_[static_cast<std::size_t>(i)]; }
-
-    // The black band and the white strips behind the cells.
-    void paintReelBackground(double bandBottom, double stripBottom);
 
     void segmentsChanged();
 

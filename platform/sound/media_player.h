@@ -1,6 +1,6 @@
 #pragma once
-// The game's sound player: a file name (setting it plays the file, "" stops)
-// and a play count; every file plays from its start. One player plays one file at a time; a
+// The game's sound player: a file name (setting it plays the file from its
+// start, "" stops) and a play count. One player plays one file at a time; a
 // new file replaces the old one. Other sounds (the beep) may overlap it.
 // With no audio device everything here is silent and nothing fails.
 #include <string>
