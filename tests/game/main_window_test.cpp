@@ -86,6 +86,8 @@ private slots:
         QCOMPARE(grab.pixelColor(158, 223), QColor(Qt::white));
         QCOMPARE(grab.pixelColor(158, 225), QColor(Qt::black));
         QCOMPARE(grab.pixelColor(396, 114), QColor(0, 0, 128));
+        QCOMPARE(grab.pixelColor(152, 114), QColor(0, 0, 128));  // from 50 pixels left of the first column
+        QCOMPARE(grab.pixelColor(140, 114), QColor(Qt::black));
 
         // Keyboard order: the bank box, SPIN, directions, BET MAX, the ten
         // credits buttons, then the five lines buttons; result boxes take no stop.
