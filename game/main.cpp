@@ -1,4 +1,5 @@
 // reelmoor: starts with the splash screen, which starts the game.
+#include "game/game_start.h"
 #include "screens/splash.h"
 
 #include <QApplication>
@@ -33,8 +34,8 @@ int main(int argc, char** argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("io.github.reelmoor.Reelmoor"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 
-    auto* splash = new frmSplash;
-    if (!splash->Form_Load())
+    auto* splash = new SplashScreen;
+    if (!startGame(splash))
         return 1;
     return app.exec();
 }

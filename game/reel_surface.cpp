@@ -15,23 +15,40 @@ ReelSurface::ReelSurface(const SegmentPool& segments, QWidget* parent)
 
 void ReelSurface::placeCell(int i, const QRectF& rect)
 {
-    cellRect_[i] = rect;
+    cellRect_[static_cast<std::size_t>(i)] = rect;
     update(rect.toAlignedRect());
 }
 
 void ReelSurface::setCellPicture(int i, const QImage* picture)
 {
-    if (cellPicture_[i] == picture)
+    const auto at = static_cast<std::size_t>(i);
+    if (cellPicture_[at] == picture)
         return;
-    cellPicture_[i] = picture;
-    update(cellRect_[i].toAlignedRect());
+    cellPicture_[at] = picture;
+    update(cellRect_[at].toAlignedRect());
 }
 
-void ReelSurface::paintReelBackground(double bandBottom, double stripBottom)
+void ReelSurface::placeCells(double size)
 {
-    bandBottom_ = bandBottom;
-    stripBottom_ = stripBottom;
+    const double sw = width();
+    for (int i = 0; i < kCells; ++i) {
+        const CellPlace at = placeOf(i);
+        placeCell(i, QRectF((at.column + 2) * sw / 8 - size / 2, at.row * size + 5, size, size));
+    }
+    bandBottom_ = kRows * size + 10;
+    stripBottom_ = kRows * size + 5;
     update();
+}
+
+GridCentres ReelSurface::gridCentres() const
+{
+    GridCentres centres;
+    const float w = static_cast<float>(width());
+    for (int c = 0; c < kColumns; ++c)
+        centres.x[c] = w * static_cast<float>(c + 2) / 8.0f;
+    for (int r = 0; r < kRows; ++r)
+        centres.y[r] = static_cast<float>(cellRect(cellAt(r, 0)).top()) + static_cast<float>(cellRect(0).height()) / 2.0f;
+    return centres;
 }
 
 void ReelSurface::segmentsChanged() { update(0, 0, width(), static_cast<int>(bandBottom_) + 60); }
@@ -42,8 +59,8 @@ void ReelSurface::paintEvent(QPaintEvent* event)
     painter.fillRect(event->rect(), palette().color(QPalette::Window));
     if (bandBottom_ > 0) {
         painter.fillRect(QRectF(0, 0, width(), bandBottom_), Qt::black);
-        for (int k = 1; k <= 5; ++k) {
-            const QRectF& c = cellRect_[k];
+        for (int k = 0; k < kColumns; ++k) {
+            const QRectF& c = cellRect_[static_cast<std::size_t>(k)];
             painter.fillRect(QRectF(QPointF(c.left() - 5, c.top() - 5), QPointF(c.right() + 5, stripBottom_)),
                              Qt::white);
         }
@@ -52,7 +69,7 @@ void ReelSurface::paintEvent(QPaintEvent* event)
     // half pixel a fractional scale leaves); its corner is snapped to the
     // nearest device pixel so the picture is copied, never resampled.
     const double dpr = devicePixelRatioF();
-    for (int i = 1; i <= 15; ++i) {
+    for (std::size_t i = 0; i < cellRect_.size(); ++i) {
         const QImage* picture = cellPicture_[i];
         if (!picture || !cellRect_[i].intersects(event->rect()))
             continue;

@@ -3,26 +3,32 @@
 // the five white reel strips, the fifteen cell pictures on them and, in front,
 // the pay-line segments. Cells sit at fractional positions, so the surface
 // paints them itself instead of placing a widget per cell.
+#include "presentation/segment_pool.h"
+#include "rules/grid.h"
+
 #include <QImage>
 #include <QRectF>
 #include <QWidget>
 
 #include <array>
 
-class SegmentPool;
 
 class ReelSurface : public QWidget {
 public:
     ReelSurface(const SegmentPool& segments, QWidget* parent);
 
-    // Cell i (1..15): where it stands and the picture it shows, stretched to it.
-    void placeCell(int i, const QRectF& rect);
-    QRectF cellRect(int i) const { return cellRect_[i]; }
-    void setCellPicture(int i, const QImage* picture);
-    const QImage* cellPicture(int i) const { return cellPicture_[i]; }
+    // The grid of size x size cells: the five columns centred on 2/8 .. 6/8
+    // of the width, the rows touching from 5 pixels down; the black band and
+    // the white strips behind them.
+    void placeCells(double size);
+    // The centres of the columns and rows, in single precision, for the pay lines.
+    GridCentres gridCentres() const;
 
-    // The black band and the white strips behind the cells.
-    void paintReelBackground(double bandBottom, double stripBottom);
+    // Cell i (0..14): where it stands and the picture it shows, stretched to it.
+    void placeCell(int i, const QRectF& rect);
+    QRectF cellRect(int i) const { return cellRect_[static_cast<std::size_t>(i)]; }
+    void setCellPicture(int i, const QImage* picture);
+    const QImage* cellPicture(int i) const { return cellPicture_[static_cast<std::size_t>(i)]; }
 
     void segmentsChanged();
 
@@ -31,8 +37,8 @@ protected:
 
 private:
     const SegmentPool& segments_;
-    std::array<QRectF, 16> cellRect_{};
-    std::array<const QImage*, 16> cellPicture_{};
+    std::array<QRectF, kCells> cellRect_{};
+    std::array<const QImage*, kCells> cellPicture_{};
     double bandBottom_ = 0;
     double stripBottom_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "platform/window_helpers.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QScreen>
@@ -10,16 +11,19 @@
 namespace win {
 std::function<void(const QString&, const QString&)> messageHook;
 
+int pointsToPixels(double points) { return static_cast<int>(std::lround(points * 96.0 / 72.0)); }
+
 QFont courierBold(double points)
 {
     QFont f(QStringLiteral("Courier New"));
     f.setStyleHint(QFont::TypeWriter);
     f.setBold(true);
-    f.setPixelSize(static_cast<int>(std::lround(points * 96.0 / 72.0)));
+    f.setPixelSize(pointsToPixels(points));
     return f;
 }
 
-void centreOnScreen(QWidget* window)
+namespace {
+void centre(QWidget* window)
 {
     QScreen* screen = window->screen() ? window->screen() : QGuiApplication::primaryScreen();
     if (!screen)
@@ -28,6 +32,35 @@ void centreOnScreen(QWidget* window)
     const QSize outer = window->frameGeometry().size();
     window->move(area.x() + (area.width() - outer.width()) / 2,
                  area.y() + (area.height() - outer.height()) / 2);
+}
+
+// A window centred before the window system framed it sits low by half its
+// title bar: once the frame is known, it is centred again, once.
+class CentreWhenFramed : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* window = static_cast<QWidget*>(watched);
+        if ((event->type() == QEvent::Move || event->type() == QEvent::Resize) &&
+            window->frameGeometry().size() != window->size()) {
+            deleteLater();
+            window->removeEventFilter(this);
+            centre(window);
+        }
+        return false;
+    }
+};
+}
+
+void centreOnScreen(QWidget* window)
+{
+    centre(window);
+    if (window->frameGeometry().size() == window->size() &&
+        !window->windowFlags().testFlag(Qt::FramelessWindowHint) && !window->findChild<CentreWhenFramed*>())
+        window->installEventFilter(new CentreWhenFramed(window));
 }
 
 void showMessage(QWidget* parent, const QString& caption, const QString& text)

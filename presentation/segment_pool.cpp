@@ -3,18 +3,17 @@
 #include <QPainter>
 #include <QPen>
 
-void SegmentPool::hide(int first, int last)
+void SegmentPool::hideAll()
 {
-    for (int i = first; i <= last; ++i)
-        segments_[i].visible = false;
+    for (Segment& s : segments_)
+        s.visible = false;
 }
 
 void SegmentPool::paint(QPainter& painter) const
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    for (int i = 1; i <= kSize; ++i) {
-        const Segment& s = segments_[i];
+    for (const Segment& s : segments_) {
         if (!s.visible)
             continue;
         painter.setPen(QPen(s.color, s.width, Qt::SolidLine, Qt::RoundCap));
@@ -26,11 +25,11 @@ void SegmentPool::paint(QPainter& painter) const
 SegmentRange segmentsOfLine(int k)
 {
     static constexpr SegmentRange ranges[10] = {
-        {0, -1}, {1, 1}, {2, 2}, {3, 3}, {4, 7}, {8, 11}, {12, 15}, {16, 19}, {20, 22}, {23, 25}};
+        {0, -1}, {0, 0}, {1, 1}, {2, 2}, {3, 6}, {7, 10}, {11, 14}, {15, 18}, {19, 21}, {22, 24}};
     return (k >= 1 && k <= 9) ? ranges[k] : SegmentRange{0, -1};
 }
 
-QColor paletteColor(int index)
+QColor lineColour(int index)
 {
     static constexpr int rgb[16][3] = {
         {0, 0, 0},     {0, 0, 128},   {0, 128, 0},     {0, 128, 128},

@@ -21,14 +21,14 @@ class SegmentPool {
 public:
     static constexpr int kSize = 100;
 
-    Segment& operator()(int index) { return segments_[index]; }          // 1..100
-    const Segment& operator()(int index) const { return segments_[index]; }
+    Segment& operator[](int index) { return segments_[static_cast<std::size_t>(index)]; }
+    const Segment& operator[](int index) const { return segments_[static_cast<std::size_t>(index)]; }
 
-    void hide(int first, int last);
+    void hideAll();
     void paint(QPainter& painter) const;
 
 private:
-    std::array<Segment, kSize + 1> segments_{};  // entry 0 unused
+    std::array<Segment, kSize> segments_{};
 };
 
 // The segments of pay line k (1..9): first and last index in the pool.
@@ -39,4 +39,17 @@ struct SegmentRange {
 SegmentRange segmentsOfLine(int k);
 
 // Pay line k is drawn in colour k of the classic 16-colour palette.
-QColor paletteColor(int index);
+QColor lineColour(int index);
+
+// Where the pay lines run over the grid: the centres of the five columns and
+// of the three rows.
+struct GridCentres {
+    float x[5];
+    float y[3];
+};
+
+// Places the segments of every pay line played when lines are played, all
+// visible, and hides the rest.
+void layOutPayLines(SegmentPool& pool, int lines, const GridCentres& centres);
+// Shows the segments of pay line k as last laid out.
+void showPayLine(SegmentPool& pool, int k);

@@ -1,55 +1,49 @@
-// Flashes every winning cell between black and its symbol, ten times per
-// winning cell, blinking the direction arrows in step and beeping once per
-// flash. Each half of a flash lasts one tick of the clock.
-#include "game/slot_machine.h"
+#include "presentation/strobe.h"
+
 #include "platform/pacing.h"
 
-#include <QSvgWidget>
-#include <QTimer>
-
-void slot_machine::strobe(std::function<void()> done)
+Strobe::Strobe(QObject* parent) : QObject(parent)
 {
-    Picture1.fill(Qt::black);
-    int n = 0;
-    for (int i = 1; i <= 15; ++i)
-        n += winning[i] ? 1 : 0;
-    if (n == 0) {
+    timer_.setParent(this);
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    connect(&timer_, &QTimer::timeout, this, [this] { step(); });
+}
+
+void Strobe::run(int cells, std::function<void(bool)> half, std::function<void()> done)
+{
+    if (cells == 0) {
         done();
         return;
     }
-    strobeRun_ = {10 * n, false, std::move(done)};
-    strobeStep();
+    flashesLeft_ = 10 * cells;
+    blank_ = false;
+    half_ = std::move(half);
+    done_ = std::move(done);
+    step();
 }
 
-void slot_machine::strobeStep()
+void Strobe::stop()
 {
-    auto invertArrows = [this] {
-        if (winright)
-            Picture2->setHidden(!Picture2->isHidden());
-        if (winleft)
-            Picture3->setHidden(!Picture3->isHidden());
-    };
-    if (!strobeRun_.blank) {
-        if (strobeRun_.cyclesLeft == 0) {
-            auto done = std::move(strobeRun_.done);
-            strobeRun_ = {};
-            if (done)
-                done();
-            return;
-        }
-        invertArrows();
-        for (int i = 1; i <= 15; ++i)
-            if (winning[i])
-                setImage1(i, Picture1);
-        strobeRun_.blank = true;
-    } else {
-        invertArrows();
-        beep();
-        for (int i = 1; i <= 15; ++i)
-            if (winning[i])
-                setImage1(i, Image2[static_cast<size_t>(cell[i])]);
-        strobeRun_.blank = false;
-        --strobeRun_.cyclesLeft;
+    timer_.stop();
+    flashesLeft_ = 0;
+    blank_ = false;
+    half_ = {};
+    done_ = {};
+}
+
+void Strobe::step()
+{
+    if (!blank_ && flashesLeft_ == 0) {
+        auto done = std::move(done_);
+        stop();
+        if (done)
+            done();
+        return;
     }
-    strobeTimer_->start(pacing().tickMs);
+    blank_ = !blank_;
+    if (!blank_)
+        --flashesLeft_;
+    half_(blank_);
+    timer_.start(pacing().tickMs);
 }

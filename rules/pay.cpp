@@ -1,5 +1,21 @@
 #include "rules/pay.h"
 
+double matchRunValue(int figure, int count)
+{
+    double value = (figure + 1.0) * 1.75;
+    for (int n = 2; n < count; ++n)
+        value *= 10;
+    return value;
+}
+
+std::int64_t figureRunValue(int figure, int count)
+{
+    std::int64_t value = (figure + std::int64_t{1}) * 3;
+    for (int n = 3; n < count; ++n)
+        value *= 10;
+    return value;
+}
+
 LineReading readLine(int s1, int s2, int s3, int s4, int s5)
 {
     const int f1 = figureOf(s1), f2 = figureOf(s2), f3 = figureOf(s3), f4 = figureOf(s4);
@@ -10,36 +26,18 @@ LineReading readLine(int s1, int s2, int s3, int s4, int s5)
     // further cell.
     double matchpay = 0;
     if (s1 == s2) {
-        marked |= 0b00011;
-        matchpay = (f1 + 1.0) * 1.75;
-        if (s2 == s3) {
-            marked |= 0b00100;
-            matchpay *= 10;
-            if (s3 == s4) {
-                marked |= 0b01000;
-                matchpay *= 10;
-                if (s4 == s5) {
-                    marked |= 0b10000;
-                    matchpay *= 10;
-                }
-            }
-        }
+        const int run = s2 != s3 ? 2 : s3 != s4 ? 3 : s4 != s5 ? 4 : 5;
+        marked |= static_cast<std::uint8_t>((1u << run) - 1);
+        matchpay = matchRunValue(f1, run);
     }
 
     // One figure: three cells or more; the fifth cell only counts when it
     // holds the very symbol of the fourth.
     std::int64_t figurepay = 0;
     if (f1 == f2 && f2 == f3) {
-        marked |= 0b00111;
-        figurepay = (f1 + std::int64_t{1}) * 3;
-        if (f3 == f4) {
-            marked |= 0b01000;
-            figurepay *= 10;
-            if (s4 == s5) {
-                marked |= 0b10000;
-                figurepay *= 10;
-            }
-        }
+        const int run = f3 != f4 ? 3 : s4 != s5 ? 4 : 5;
+        marked |= static_cast<std::uint8_t>((1u << run) - 1);
+        figurepay = figureRunValue(f1, run);
     }
 
     // One colour: paid from the sum of the symbol numbers; each further cell
@@ -63,13 +61,12 @@ LineReading readLine(int s1, int s2, int s3, int s4, int s5)
     return {Currency::fromDouble(matchpay + static_cast<double>(figurepay) + colorpay), marked};
 }
 
-Currency pay(const std::array<int, 16>& symbol, std::array<bool, 16>& winning,
-             int c1, int c2, int c3, int c4, int c5)
+Currency pay(const Grid& symbols, CellFlags& winning, const std::array<int, kColumns>& cells)
 {
-    const LineReading r = readLine(symbol[c1], symbol[c2], symbol[c3], symbol[c4], symbol[c5]);
-    const int cells[5] = {c1, c2, c3, c4, c5};
-    for (int i = 0; i < 5; ++i)
+    auto at = [&](int i) { return symbols[static_cast<std::size_t>(cells[static_cast<std::size_t>(i)])]; };
+    const LineReading r = readLine(at(0), at(1), at(2), at(3), at(4));
+    for (std::size_t i = 0; i < cells.size(); ++i)
         if (r.marked & (1u << i))
-            winning[cells[i]] = true;
+            winning[static_cast<std::size_t>(cells[i])] = true;
     return r.value;
 }

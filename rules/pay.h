@@ -4,6 +4,7 @@
 // figure in any colours and one colour in any figures from three cells on.
 // A line that forms several runs pays their sum.
 #include "rules/currency.h"
+#include "rules/grid.h"
 
 #include <array>
 #include <cstdint>
@@ -17,6 +18,12 @@ struct LineReading {
     std::uint8_t marked = 0;  // bit i set: the (i+1)-th cell in reading order is in a paying run
 };
 
+// What one run pays per credit before a line's runs are added up: count
+// (2..5) identical symbols of the given figure, and count (3..5) symbols of
+// one figure in any colours. The pay table shows these.
+double matchRunValue(int figure, int count);
+std::int64_t figureRunValue(int figure, int count);
+
 // The value of five symbols s1..s5 in reading order.
 LineReading readLine(int s1, int s2, int s3, int s4, int s5);
 
@@ -29,8 +36,6 @@ constexpr bool mayPay(int s1, int s2, int s3)
         || (colourOf(s1) == colourOf(s2) && colourOf(s2) == colourOf(s3));
 }
 
-// Values the line whose cells, in reading order, are c1..c5 (1..15) and
-// sets the winning flag of every cell in a paying run. Flags are only ever
-// set, never cleared.
-Currency pay(const std::array<int, 16>& symbol, std::array<bool, 16>& winning,
-             int c1, int c2, int c3, int c4, int c5);
+// Values the line whose cells, in reading order, are cells and sets the
+// flag of every cell in a paying run. Flags are only ever set, never cleared.
+Currency pay(const Grid& symbols, CellFlags& winning, const std::array<int, kColumns>& cells);

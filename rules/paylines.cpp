@@ -5,9 +5,9 @@ bool isPlayableLineCount(int lines)
     return lines >= 1 && lines <= kPayLineCount && lines % 2 == 1;
 }
 
-std::array<int, 5> lineCells(int line, Reading reading)
+LineCells lineCells(int line, Reading reading)
 {
-    std::array<int, 5> cells = kPayLines.at(static_cast<std::size_t>(line - 1));
+    LineCells cells = kPayLines.at(static_cast<std::size_t>(line - 1));
     if (reading == Reading::RightToLeft)
         return {cells[4], cells[3], cells[2], cells[1], cells[0]};
     return cells;

@@ -1,20 +1,22 @@
 #pragma once
-// The nine pay lines over the grid of fifteen cells (1..5 top row, 6..10
-// middle, 11..15 bottom), each one cell per column from left to right.
-#include <array>
+// The nine pay lines over the grid, each one cell per column from left to
+// right (cells 0..4 top row, 5..9 middle, 10..14 bottom).
+#include "rules/grid.h"
 
 inline constexpr int kPayLineCount = 9;
 
-inline constexpr std::array<std::array<int, 5>, kPayLineCount> kPayLines{{
-    {6, 7, 8, 9, 10},     // 1: middle row
-    {1, 2, 3, 4, 5},      // 2: top row
-    {11, 12, 13, 14, 15}, // 3: bottom row
-    {1, 7, 3, 9, 5},      // 4: top, middle, top, middle, top
-    {11, 7, 13, 9, 15},   // 5: bottom, middle, bottom, middle, bottom
-    {6, 12, 8, 14, 10},   // 6: middle, bottom, middle, bottom, middle
-    {6, 2, 8, 4, 10},     // 7: middle, top, middle, top, middle
-    {1, 2, 8, 14, 15},    // 8: top, top, middle, bottom, bottom
-    {11, 12, 8, 4, 5},    // 9: bottom, bottom, middle, top, top
+using LineCells = std::array<int, kColumns>;
+
+inline constexpr std::array<LineCells, kPayLineCount> kPayLines{{
+    {5, 6, 7, 8, 9},      // 1: middle row
+    {0, 1, 2, 3, 4},      // 2: top row
+    {10, 11, 12, 13, 14}, // 3: bottom row
+    {0, 6, 2, 8, 4},      // 4: top, middle, top, middle, top
+    {10, 6, 12, 8, 14},   // 5: bottom, middle, bottom, middle, bottom
+    {5, 11, 7, 13, 9},    // 6: middle, bottom, middle, bottom, middle
+    {5, 1, 7, 3, 9},      // 7: middle, top, middle, top, middle
+    {0, 1, 7, 13, 14},    // 8: top, top, middle, bottom, bottom
+    {10, 11, 7, 3, 4},    // 9: bottom, bottom, middle, top, top
 }};
 
 enum class Reading { LeftToRight, RightToLeft };
@@ -24,4 +26,4 @@ bool isPlayableLineCount(int lines);
 
 // The cells of line 1..9 in the order they are read; right to left is the
 // same five cells reversed.
-std::array<int, 5> lineCells(int line, Reading reading);
+LineCells lineCells(int line, Reading reading);

@@ -69,67 +69,59 @@ Currency readBank(std::string_view text)
     return Currency::fromWhole(negative ? -magnitude : magnitude);
 }
 
-LinePayout linePayout(Currency value, Currency creditsperline)
+LinePayout linePayout(Currency value, Currency creditsPerLine)
 {
-    const Currency x = value * creditsperline;
+    const Currency x = value * creditsPerLine;
     LinePayout result{x.roundedWhole(), x > Currency()};
     if (result.paying)
-        result.credits = result.credits + creditsperline;
+        result.credits = result.credits + creditsPerLine;
     return result;
 }
 
-Settlement settle(std::string_view bankText, int lines, Currency creditsperline, bool bothways,
-                  const std::array<int, 16>& symbol)
+Settlement settle(std::string_view bankText, int lines, Currency creditsPerLine, bool bothWays,
+                  const Grid& symbols)
 {
     Settlement s;
     const Currency start = Currency::fromWhole(kStartingBank);
 
     s.bank = readBank(bankText);
-    s.bet = creditsperline * Currency::fromWhole(lines);
-    if (bothways)
+    s.bet = creditsPerLine * Currency::fromWhole(lines);
+    if (bothWays)
         s.bet = s.bet + s.bet;
     s.bank = s.bank - s.bet;
 
     if (isPlayableLineCount(lines)) {
-        for (int k = 1; k <= lines; ++k) {
-            const auto c = lineCells(k, Reading::LeftToRight);
-            s.linewin[k - 1] = pay(symbol, s.winning, c[0], c[1], c[2], c[3], c[4]);
-        }
-        if (bothways) {
-            for (int k = 1; k <= lines; ++k) {
-                const auto c = lineCells(k, Reading::RightToLeft);
-                s.linewin[k + 8] = pay(symbol, s.winning, c[0], c[1], c[2], c[3], c[4]);
+        for (int k = 1; k <= lines; ++k)
+            s.leftToRight[static_cast<std::size_t>(k - 1)] =
+                pay(symbols, s.winning, lineCells(k, Reading::LeftToRight));
+        if (bothWays)
+            for (int k = 1; k <= lines; ++k)
+                s.rightToLeft[static_cast<std::size_t>(k - 1)] =
+                    pay(symbols, s.winning, lineCells(k, Reading::RightToLeft));
+    }
+
+    auto credit = [&](const std::array<Currency, kPayLineCount>& values, bool& pays) {
+        for (int k = 1; k <= kPayLineCount; ++k) {
+            const LinePayout p = linePayout(values[static_cast<std::size_t>(k - 1)], creditsPerLine);
+            s.totalPaid = s.totalPaid + p.credits;
+            if (p.paying) {
+                s.shownLines.push_back(k);
+                pays = true;
             }
         }
-    }
+    };
+    credit(s.leftToRight, s.paysLeftToRight);
+    credit(s.rightToLeft, s.paysRightToLeft);
 
-    for (int i = 0; i <= 8; ++i) {
-        const LinePayout p = linePayout(s.linewin[i], creditsperline);
-        s.totalpaid = s.totalpaid + p.credits;
-        if (p.paying) {
-            s.displaylineCalls.push_back(i + 1);
-            s.winright = true;
-        }
-    }
-    for (int i = 9; i <= 17; ++i) {
-        const LinePayout p = linePayout(s.linewin[i], creditsperline);
-        s.totalpaid = s.totalpaid + p.credits;
-        if (p.paying) {
-            s.winleft = true;
-            s.displaylineCalls.push_back(i - 8);
-        }
-    }
-
-    s.paid = s.totalpaid > Currency();
+    s.paid = s.totalPaid > Currency();
     // At the top of the range the bank stays a whole number of credits.
     if (s.paid)
-        s.bank = std::min(s.bank + s.totalpaid, Currency::fromWhole(Currency::kMaxWhole));
+        s.bank = std::min(s.bank + s.totalPaid, Currency::fromWhole(Currency::kMaxWhole));
 
     s.runCells = s.winning;
-    s.jackpot = s.totalpaid >= Currency::fromWhole(8000) * creditsperline;
+    s.jackpot = s.totalPaid >= Currency::fromWhole(8000) * creditsPerLine;
     if (s.jackpot)
-        for (int cell = 1; cell <= 15; ++cell)
-            s.winning[cell] = true;
+        s.winning.fill(true);
 
     s.refilled = s.bank <= Currency();
     if (s.refilled)

@@ -1,7 +1,9 @@
 #pragma once
 // The arithmetic of settling one spin, free of any window: what the main
-// window's calculatepayoff then shows, in the order it shows it.
+// window then shows, in the order it shows it.
 #include "rules/currency.h"
+#include "rules/grid.h"
+#include "rules/paylines.h"
 
 #include <array>
 #include <string_view>
@@ -12,15 +14,17 @@ inline constexpr std::int64_t kStartingBank = 2500;
 struct Settlement {
     Currency bank;                       // after the bet, the wins and any refill
     Currency bet;
-    std::array<Currency, 24> linewin{};  // k-1: line k left to right, k+8: right to left
-    Currency totalpaid;
-    std::vector<int> displaylineCalls;   // pay lines to show, in call order
-    bool winright = false;
-    bool winleft = false;
-    std::array<bool, 16> runCells{};     // cells of paying runs: the first flash (entry 0 unused)
-    std::array<bool, 16> winning{};      // runCells, or every cell on a jackpot
-    bool paid = false;                   // totalpaid > 0: credited and strobed
-    bool jackpot = false;                // totalpaid >= 8000 x creditsperline: second strobe
+    // What each pay line read, per credit bet: line k at k - 1.
+    std::array<Currency, kPayLineCount> leftToRight{};
+    std::array<Currency, kPayLineCount> rightToLeft{};
+    Currency totalPaid;
+    std::vector<int> shownLines;         // paying lines to show: left to right first, then right to left
+    bool paysLeftToRight = false;
+    bool paysRightToLeft = false;
+    CellFlags runCells{};                // cells of paying runs: the first flash
+    CellFlags winning{};                 // runCells, or every cell on a jackpot
+    bool paid = false;                   // totalPaid > 0: credited and strobed
+    bool jackpot = false;                // totalPaid >= 8000 x credits per line: second strobe
     bool refilled = false;               // bank was <= 0 and became 2500
     Currency net;                        // bank - 2500
     bool netLoss = false;                // "NET LOSS" in red, else "NET GAIN" in black
@@ -47,8 +51,7 @@ struct LinePayout {
     Currency credits;
     bool paying = false;
 };
-LinePayout linePayout(Currency value, Currency creditsperline);
+LinePayout linePayout(Currency value, Currency creditsPerLine);
 
-// symbol: the symbol in each cell 1..15 (entry 0 unused).
-Settlement settle(std::string_view bankText, int lines, Currency creditsperline, bool bothways,
-                  const std::array<int, 16>& symbol);
+Settlement settle(std::string_view bankText, int lines, Currency creditsPerLine, bool bothWays,
+                  const Grid& symbols);

@@ -1,19 +1,18 @@
 #include "screens/splash.h"
 
-#include "game/slot_machine.h"
 #include "platform/emf/emf_picture.h"
 #include "platform/window_helpers.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QLabel>
 #include <QPainter>
 #include <QTimer>
 
 namespace {
-QLabel* whiteLabel(QWidget* parent, int left, int top, int width, int height)
+QLabel* whiteLabel(QWidget* parent, const QString& name, int left, int top, int width, int height)
 {
     auto* l = new QLabel(parent);
+    l->setObjectName(name);
     l->setFont(win::courierBold(18));
     QPalette p = l->palette();
     p.setColor(QPalette::WindowText, Qt::white);
@@ -24,7 +23,7 @@ QLabel* whiteLabel(QWidget* parent, int left, int top, int width, int height)
 }
 }
 
-frmSplash::frmSplash()
+SplashScreen::SplashScreen()
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -32,47 +31,31 @@ frmSplash::frmSplash()
     setWindowTitle(QStringLiteral("reelmoor"));
     if (auto picture = EmfPicture::load(QStringLiteral("splash.emf")))
         background_ = std::make_unique<EmfPicture>(std::move(*picture));
-    lblProductname = whiteLabel(this, 2880, 5640, 1335, 375);
-    lblVersion = whiteLabel(this, 1920, 6000, 3495, 615);
-    Timer2 = new QTimer(this);
-    Timer2->setSingleShot(true);
-    connect(Timer2, &QTimer::timeout, this, [this] { Timer2_Timer(); });
+    titleLabel_ = whiteLabel(this, QStringLiteral("titleLabel"), 2880, 5640, 1335, 375);
+    versionLabel_ = whiteLabel(this, QStringLiteral("versionLabel"), 1920, 6000, 3495, 615);
+    closeTimer_ = new QTimer(this);
+    closeTimer_->setSingleShot(true);
+    connect(closeTimer_, &QTimer::timeout, this, &QWidget::close);
 }
 
-frmSplash::~frmSplash() = default;
+SplashScreen::~SplashScreen() = default;
 
-bool frmSplash::Form_Load()
+void SplashScreen::showWithVersion()
 {
-    lblVersion->setText(QStringLiteral("Version %1.%2.%3")
-                            .arg(REELMOOR_VERSION_MAJOR)
-                            .arg(REELMOOR_VERSION_MINOR)
-                            .arg(REELMOOR_VERSION_PATCH));
-    lblProductname->setText(QStringLiteral("reelmoor"));
+    versionLabel_->setText(QStringLiteral("Version %1.%2.%3")
+                               .arg(REELMOOR_VERSION_MAJOR)
+                               .arg(REELMOOR_VERSION_MINOR)
+                               .arg(REELMOOR_VERSION_PATCH));
+    titleLabel_->setText(QStringLiteral("reelmoor"));
     // The title is wider than its designed box in this font; let it show whole.
-    lblProductname->resize(std::max(lblProductname->width(), lblProductname->sizeHint().width()),
-                           lblProductname->height());
+    titleLabel_->resize(std::max(titleLabel_->width(), titleLabel_->sizeHint().width()), titleLabel_->height());
     win::centreOnScreen(this);
     show();
     QCoreApplication::processEvents();
-    Timer2->start(3000);
-
-    main_ = new slot_machine;
-    raise();  // the main window opens behind the splash
-    if (!main_->startupError().isEmpty()) {
-        const QString file = main_->startupError();
-        delete main_;
-        main_ = nullptr;
-        hide();
-        win::showMessage(nullptr, QStringLiteral("reelmoor"),
-                         QStringLiteral("reelmoor cannot start: the picture file \"%1\" is missing or cannot be read "
-                                        "in the folder %2.")
-                             .arg(file, QDir::currentPath()));
-        return false;
-    }
-    return true;
+    closeTimer_->start(3000);
 }
 
-void frmSplash::paintEvent(QPaintEvent*)
+void SplashScreen::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
@@ -81,5 +64,3 @@ void frmSplash::paintEvent(QPaintEvent*)
         background_->paintNatural(painter);
     }
 }
-
-void frmSplash::Timer2_Timer() { close(); }

@@ -1,11 +1,12 @@
 // CPU used over whole spins, click to controls back, and how evenly the
 // passes come. Run in a folder that holds the game's assets.
-#include "game/slot_machine.h"
+#include "game/main_window.h"
 #include "platform/pacing.h"
 #include "proc_stats.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -17,7 +18,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     const int spins = argc > 1 ? std::atoi(argv[1]) : 3;
-    auto* w = new slot_machine;
+    auto* w = new MainWindow;
     if (!w->startupError().isEmpty())
         return 1;
 
@@ -25,20 +26,21 @@ int main(int argc, char** argv)
     QElapsedTimer clock;
     clock.start();
     double lastPass = -1;
-    QObject::connect(w, &slot_machine::passDone, [&] {
+    QObject::connect(w, &MainWindow::passDone, [&] {
         const double now = clock.nsecsElapsed() / 1e6;
         if (lastPass >= 0)
             gaps.push_back(now - lastPass);
         lastPass = now;
     });
 
+    auto* spinButton = w->findChild<QPushButton*>(QStringLiteral("spinButton"));
     double cpu = 0, wall = 0;
     for (int s = 0; s < spins; ++s) {
         lastPass = -1;
-        QSignalSpy settled(w, &slot_machine::settled);
+        QSignalSpy settled(w, &MainWindow::settled);
         const double cpu0 = proc::cpuSeconds();
         const double wall0 = clock.nsecsElapsed() / 1e9;
-        w->Command1_Click();
+        spinButton->click();
         settled.wait(60000);
         cpu += proc::cpuSeconds() - cpu0;
         wall += clock.nsecsElapsed() / 1e9 - wall0;

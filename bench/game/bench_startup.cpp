@@ -1,6 +1,6 @@
 // From process start to the main window shown and idle: prints the seconds
 // and the resident memory then. Run in a folder that holds the game's assets.
-#include "game/slot_machine.h"
+#include "game/game_start.h"
 #include "proc_stats.h"
 #include "screens/splash.h"
 
@@ -12,8 +12,8 @@
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    auto* splash = new frmSplash;
-    if (!splash->Form_Load())
+    auto* splash = new SplashScreen;
+    if (!startGame(splash))
         return 1;
     QTimer::singleShot(0, [] {
         std::printf("startup_ms %.1f rss_mb %.1f\n", proc::sinceProcessStart() * 1000, proc::residentMB());

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Measures start-up (median of 11 runs) and whole spins of the game under a
+# Measures start-up (median of 11 runs), whole spins, and memory growth over
+# many spins (bench_soak) of the game under a
 # real X server (Xvfb), in a folder holding the game's assets.
 # Usage: bench/game/run.sh [build-dir]
 set -euo pipefail
@@ -19,3 +20,4 @@ export SDL_AUDIODRIVER=${SDL_AUDIODRIVER:-dummy}
 for i in $(seq 11); do "$build/bench/game/bench_startup"; done | sort -t' ' -k2 -n | awk '
   { ms[NR]=$2; rss[NR]=$4 } END { printf "startup median_ms %s (min %s max %s) rss_mb %s\n", ms[int((NR+1)/2)], ms[1], ms[NR], rss[int((NR+1)/2)] }'
 "$build/bench/game/bench_spin" "${SPINS:-5}"
+"$build/bench/game/bench_soak" "${SOAK_SPINS:-300}"

@@ -32,12 +32,6 @@ void MediaPlayer::setFileName(const std::string& name)
     }
 }
 
-// Every file plays from its start; the position is kept for whoever asks.
-void MediaPlayer::setPosition(int position)
-{
-    position_ = position;
-}
-
 bool MediaPlayer::playing() const
 {
     return sound::audioOpen() && Mix_Playing(channel_) != 0;
@@ -46,15 +40,7 @@ bool MediaPlayer::playing() const
 void systemBeep()
 {
     if (Mix_Chunk* beep = sound::beepChunk())
-        Mix_PlayChannel(-1, beep, 0);  // on any free channel; none free means no beep  // on any free channel; none free means no beep
-}
-
-int sndPlaySoundA(const char* name, unsigned /*flags*/)
-{
-    if (!name || !*name)
-        return 0;
-    Mix_Chunk* chunk = sound::cachedChunk(name);
-    return chunk && Mix_PlayChannel(-1, chunk, 0) >= 0 ? 1 : 0;
+        Mix_PlayChannel(-1, beep, 0);  // on any free channel; none free means no beep
 }
 
 bool restAudioWhenSilent()

@@ -1,6 +1,6 @@
 #pragma once
-// The game's sound player: a file name (setting it plays the file, "" stops),
-// a play count, and a play position. One player plays one file at a time; a
+// The game's sound player: a file name (setting it plays the file from its
+// start, "" stops) and a play count. One player plays one file at a time; a
 // new file replaces the old one. Other sounds (the beep) may overlap it.
 // With no audio device everything here is silent and nothing fails.
 #include <string>
@@ -16,13 +16,10 @@ public:
     int playCount() const { return playCount_; }
     void setFileName(const std::string& name);    // plays name from the working directory; "" stops
     const std::string& fileName() const { return fileName_; }
-    void setPosition(int position);               // play position; 0 = from the start
-    int position() const { return position_; }
     bool playing() const;
 
 private:
     int playCount_ = 1;
-    int position_ = 0;
     std::string fileName_;
     int channel_;  // the mixer channel this player owns
 };
@@ -34,9 +31,3 @@ bool restAudioWhenSilent();
 
 // A short alert sound, heard on any desktop with an audio device.
 void systemBeep();
-
-// The wave-sound call the spin makes once per pass with an empty name: an
-// empty or null name plays nothing and gives 0. A file name plays that file
-// once over the other sounds, without waiting for it (the flags are not
-// used), and gives 1 when it started.
-int sndPlaySoundA(const char* name, unsigned flags);

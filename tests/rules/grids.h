@@ -1,9 +1,8 @@
 #pragma once
 // Grids for settlement tests: three rows of five symbols, top to bottom.
-#include <array>
+#include "rules/grid.h"
 
-using Grid = std::array<int, 16>;
-using Row = std::array<int, 5>;
+using Row = std::array<int, kColumns>;
 
 // Rows that pay in neither direction.
 inline constexpr Row kQuietTop{1, 7, 13, 19, 20};
@@ -13,10 +12,10 @@ inline constexpr Row kQuietBottom{3, 9, 10, 16, 22};
 inline Grid grid(const Row& top, const Row& middle, const Row& bottom)
 {
     Grid g{};
-    for (int i = 0; i < 5; ++i) {
-        g[1 + i] = top[i];
-        g[6 + i] = middle[i];
-        g[11 + i] = bottom[i];
+    for (std::size_t i = 0; i < top.size(); ++i) {
+        g[cellAt(0, i)] = top[i];
+        g[cellAt(1, i)] = middle[i];
+        g[cellAt(2, i)] = bottom[i];
     }
     return g;
 }

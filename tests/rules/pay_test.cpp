@@ -54,14 +54,14 @@ private slots:
     void marksCellsInReadingOrderAndNeverClears()
     {
         Grid symbol = grid(kQuietTop, kQuietMiddle, kQuietBottom);
-        symbol[10] = symbol[9] = 7;  // the middle row read right to left: 7, 7, 14, ...
-        std::array<bool, 16> winning{};
-        winning[1] = true;
+        symbol[9] = symbol[8] = 7;  // the middle row read right to left: 7, 7, 14, ...
+        CellFlags winning{};
+        winning[0] = true;
 
-        QCOMPARE(pay(symbol, winning, 10, 9, 8, 7, 6).text(), std::string("3.5"));
-        QCOMPARE(pay(symbol, winning, 6, 7, 8, 9, 10), Currency());
-        for (int cell = 1; cell <= 15; ++cell)
-            QCOMPARE(winning[cell], cell == 1 || cell == 9 || cell == 10);
+        QCOMPARE(pay(symbol, winning, {9, 8, 7, 6, 5}).text(), std::string("3.5"));
+        QCOMPARE(pay(symbol, winning, {5, 6, 7, 8, 9}), Currency());
+        for (std::size_t cell = 0; cell < winning.size(); ++cell)
+            QCOMPARE(winning[cell], cell == 0 || cell == 8 || cell == 9);
     }
 };
 

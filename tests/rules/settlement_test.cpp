@@ -19,24 +19,24 @@ private slots:
     {
         const Settlement s = settle("2500", 3, whole(2), false, grid({0, 0, 0, 6, 6}, kQuietMiddle, kQuietBottom));
         QCOMPARE(s.bet, whole(6));
-        QCOMPARE(s.linewin[1].text(), std::string("20.8333"));
-        QCOMPARE(s.totalpaid, whole(44));  // 41.6666 -> 42, plus the stake 2
+        QCOMPARE(s.leftToRight[1].text(), std::string("20.8333"));
+        QCOMPARE(s.totalPaid, whole(44));  // 41.6666 -> 42, plus the stake 2
         QCOMPARE(s.bank, whole(2538));
         QCOMPARE(s.net, whole(38));
         QVERIFY(s.paid && !s.jackpot && !s.refilled && !s.netLoss);
-        QCOMPARE(s.displaylineCalls, std::vector<int>{2});
-        QVERIFY(s.winright && !s.winleft);
-        for (int cell = 1; cell <= 15; ++cell)
-            QCOMPARE(s.winning[cell], cell <= 3);
+        QCOMPARE(s.shownLines, std::vector<int>{2});
+        QVERIFY(s.paysLeftToRight && !s.paysRightToLeft);
+        for (std::size_t cell = 0; cell < s.winning.size(); ++cell)
+            QCOMPARE(s.winning[cell], cell < 3);
     }
 
     void spinWithoutWinIsANetLoss()
     {
         const Settlement s = settle("2500", 1, whole(1), false, kQuiet);
         QCOMPARE(s.bank, whole(2499));
-        QCOMPARE(s.totalpaid, Currency());
+        QCOMPARE(s.totalPaid, Currency());
         QCOMPARE(s.net, whole(-1));
-        QVERIFY(!s.paid && s.netLoss && s.displaylineCalls.empty());
+        QVERIFY(!s.paid && s.netLoss && s.shownLines.empty());
     }
 
     void betCountsLinesCreditsAndDirections()
@@ -48,7 +48,7 @@ private slots:
         const Grid allSame = grid({0, 0, 0, 0, 0}, {0, 0, 0, 0, 0}, {0, 0, 0, 0, 0});
         const Settlement s = settle("2500", 2, whole(1), true, allSame);
         QCOMPARE(s.bet, whole(4));
-        QCOMPARE(s.totalpaid, Currency());
+        QCOMPARE(s.totalPaid, Currency());
         QCOMPARE(s.bank, whole(2496));
     }
 
@@ -67,9 +67,9 @@ private slots:
         QFETCH(int, symbol);
         QFETCH(qint64, paid);
         Grid g = kQuiet;
-        g[6] = g[7] = symbol;
+        g[5] = g[6] = symbol;
         const Settlement s = settle("2500", 1, whole(1), false, g);
-        QCOMPARE(s.totalpaid, whole(paid));
+        QCOMPARE(s.totalPaid, whole(paid));
         QCOMPARE(s.bank, whole(2500 - 1 + paid));
     }
 
@@ -77,17 +77,17 @@ private slots:
     {
         // One line both ways reads only line 1, once each way.
         const Settlement one = settle("2500", 1, whole(1), true, grid(kQuietTop, {0, 0, 0, 0, 0}, kQuietBottom));
-        QCOMPARE(one.linewin[0], whole(2051));
-        QCOMPARE(one.linewin[9], whole(2051));
-        QCOMPARE(one.totalpaid, whole(2 * 2052));
-        QCOMPARE(one.displaylineCalls, (std::vector<int>{1, 1}));
-        QVERIFY(one.winright && one.winleft);
+        QCOMPARE(one.leftToRight[0], whole(2051));
+        QCOMPARE(one.rightToLeft[0], whole(2051));
+        QCOMPARE(one.totalPaid, whole(2 * 2052));
+        QCOMPARE(one.shownLines, (std::vector<int>{1, 1}));
+        QVERIFY(one.paysLeftToRight && one.paysRightToLeft);
 
         // All left-to-right readings are shown before the right-to-left ones.
         const Settlement three = settle("2500", 3, whole(1), true, grid(kQuietTop, {7, 7, 1, 2, 2}, {3, 3, 9, 6, 6}));
-        QCOMPARE(three.displaylineCalls, (std::vector<int>{1, 3, 1, 3}));
-        for (int i = 18; i < 24; ++i)
-            QCOMPARE(three.linewin[i], Currency());
+        QCOMPARE(three.shownLines, (std::vector<int>{1, 3, 1, 3}));
+        for (std::size_t k = 3; k < kPayLineCount; ++k)
+            QCOMPARE(three.rightToLeft[k], Currency());
     }
 
     void jackpotFromExactly8000PerCredit()
@@ -95,25 +95,25 @@ private slots:
         // 6161 + 1200 + 636.3333 pay 6162 + 1201 + 637 = 8000 with their stakes.
         const Row top{10, 10, 10, 10, 10}, middle{15, 16, 15, 15, 15}, bottom{5, 5, 5, 6, 6};
         const Settlement s = settle("2500", 3, whole(1), false, grid(top, middle, bottom));
-        QCOMPARE(s.totalpaid, whole(8000));
+        QCOMPARE(s.totalPaid, whole(8000));
         QVERIFY(s.jackpot);
-        for (int cell = 1; cell <= 15; ++cell)
-            QVERIFY(s.winning[cell]);
+        for (bool flashes : s.winning)
+            QVERIFY(flashes);
 
         // One line alone can reach it; the first flash keeps to its own cells.
         const Settlement single = settle("2500", 1, whole(1), false, grid(kQuietTop, {15, 15, 15, 15, 15}, kQuietBottom));
-        QCOMPARE(single.totalpaid, whole(8217));
+        QCOMPARE(single.totalPaid, whole(8217));
         QVERIFY(single.jackpot);
-        for (int cell = 1; cell <= 15; ++cell) {
-            QCOMPARE(single.runCells[cell], cell >= 6 && cell <= 10);
-            QVERIFY(single.winning[cell]);
+        for (int cell = 0; cell < kCells; ++cell) {
+            QCOMPARE(single.runCells[std::size_t(cell)], placeOf(cell).row == 1);
+            QVERIFY(single.winning[std::size_t(cell)]);
         }
 
         // A fifth cell that breaks the bottom row's figure run: 97 instead of 637.
         const Settlement below = settle("2500", 3, whole(1), false, grid(top, middle, {5, 5, 5, 6, 7}));
-        QCOMPARE(below.totalpaid, whole(7460));
+        QCOMPARE(below.totalPaid, whole(7460));
         QVERIFY(!below.jackpot);
-        QVERIFY(!below.winning[15]);
+        QVERIFY(!below.winning[14]);
         QCOMPARE(below.winning, below.runCells);
     }
 
@@ -181,7 +181,7 @@ private slots:
         const Currency credits = whole(100000000000000);
         const Settlement s = settle("99999999999999999999", 9, credits, true, grid({0, 0, 0, 0, 0}, {0, 0, 0, 0, 0}, {0, 0, 0, 0, 0}));
         QVERIFY(s.bet.saturated());
-        QVERIFY(s.totalpaid.saturated());
+        QVERIFY(s.totalPaid.saturated());
         QVERIFY(s.bank > Currency());
         QVERIFY(!s.netLoss);
         // A bank at the top of the range stays a whole number of credits.

@@ -1,8 +1,7 @@
 // The closing screen from show to program end, with the bytes of "name.dat"
 // checked afterwards.
-#include "game/slot.h"
 #include "tests/winners/file_bytes.h"
-#include "winners/creditsdeck.h"
+#include "winners/closing_screen.h"
 
 #include <QLineEdit>
 #include <QtTest>
@@ -39,12 +38,11 @@ class ClosingScreenTest : public QObject {
     std::optional<ScratchDir> scratch_;
     QList<bool> ends_;      // each end of the program, with whether it stored
     QStringList messages_;  // what the player was told
-    std::unique_ptr<creditsdeck> deck_;
+    std::unique_ptr<ClosingScreen> deck_;
 
-    creditsdeck* open(Currency bank)
+    ClosingScreen* open(Currency bank)
     {
-        slot::bank = bank;
-        deck_ = std::make_unique<creditsdeck>();
+        deck_ = std::make_unique<ClosingScreen>(bank);
         deck_->show();
         return deck_.get();
     }
@@ -55,9 +53,9 @@ private slots:
         scratch_.emplace();
         ends_.clear();
         messages_.clear();
-        creditsdeck::hooks().endProgram = [this](bool stored) { ends_.append(stored); };
-        creditsdeck::hooks().tellPlayer = [this](QWidget*, const QString& text) { messages_.append(text); };
-        creditsdeck::hooks().writer = {};
+        ClosingScreen::hooks().endProgram = [this](bool stored) { ends_.append(stored); };
+        ClosingScreen::hooks().tellPlayer = [this](QWidget*, const QString& text) { messages_.append(text); };
+        ClosingScreen::hooks().writer = {};
     }
     void cleanup()
     {
@@ -67,7 +65,7 @@ private slots:
 
     void noFileAndNoRowBeaten_storesTheDefaultTableAfterTheCountdown()
     {
-        creditsdeck* deck = open(Currency::fromWhole(2500));
+        ClosingScreen* deck = open(Currency::fromWhole(2500));
         QCOMPARE(QFileInfo("name.dat").size(), 0);  // opening made the file
         for (int k = 0; k < 10; ++k) {
             QCOMPARE(deck->row(k)->text(), rowOf("ANONYMOUS", 50000 - 5000 * k));
@@ -92,7 +90,7 @@ private slots:
 
     void noFile_thePlayerTakesRowOneAndNamesIt()
     {
-        creditsdeck* deck = open(Currency::fromWhole(47000));
+        ClosingScreen* deck = open(Currency::fromWhole(47000));
         QCOMPARE(deck->row(0)->text(), rowOf("ANONYMOUS", 50000));
         QLineEdit* mine = deck->row(1);
         QCOMPARE(mine->text(), QString());
@@ -115,7 +113,7 @@ private slots:
     void fromAFile_thePlayersRowShowsTheCreditsWithAnEmptyName()
     {
         QVERIFY(writeFile("name.dat", playersFile()));
-        creditsdeck* deck = open(Currency::fromWhole(47000));
+        ClosingScreen* deck = open(Currency::fromWhole(47000));
         QCOMPARE(deck->row(0)->text(), rowOf("ADA", 50000));
         QLineEdit* mine = deck->row(1);
         QCOMPARE(mine->text(), QString(22, QLatin1Char(' ')) + QStringLiteral("47000"));
@@ -135,7 +133,7 @@ private slots:
 
     void equalCreditsDoNotBeatARow()
     {
-        creditsdeck* deck = open(Currency::fromWhole(45000));
+        ClosingScreen* deck = open(Currency::fromWhole(45000));
         QVERIFY(deck->row(1)->isReadOnly());
         QVERIFY(!deck->row(2)->isReadOnly());
         deck = open(Currency::fromWhole(5000));
@@ -144,7 +142,7 @@ private slots:
 
     void enterInAnotherWinnersRowStoresTheTable()
     {
-        creditsdeck* deck = open(Currency::fromRaw(470005000));  // 47000.5
+        ClosingScreen* deck = open(Currency::fromRaw(470005000));  // 47000.5
         QTest::keyClick(deck->row(0), Qt::Key_Return);
         QByteArray expected = defaultFile();
         expected.replace(24, 24, record("ANONYMOUS", 47000));  // the row's name left as it was
@@ -153,7 +151,7 @@ private slots:
 
     void aClickOnTheSurfaceOrTheFramesCloseStoresNothing()
     {
-        creditsdeck* deck = open(Currency::fromWhole(47000));
+        ClosingScreen* deck = open(Currency::fromWhole(47000));
         QTest::keyClicks(deck->row(1), QStringLiteral("ABC"));
         QTest::mouseClick(deck, Qt::LeftButton, {}, kBelowTheRows);
         QCOMPARE(ends_, QList<bool>{false});
@@ -174,11 +172,11 @@ private slots:
     void aSaveThatFailsHalfwayTellsThePlayerOnceAndEnds()
     {
         QVERIFY(writeFile("name.dat", playersFile()));
-        creditsdeck::hooks().writer = [](int fd, const unsigned char* data, std::size_t size) -> long {
+        ClosingScreen::hooks().writer = [](int fd, const unsigned char* data, std::size_t size) -> long {
             if (size < 200) { errno = ENOSPC; return -1; }
             return long(::write(fd, data, 120));
         };
-        creditsdeck* deck = open(Currency::fromWhole(47000));
+        ClosingScreen* deck = open(Currency::fromWhole(47000));
         QTest::keyClicks(deck->row(1), QStringLiteral("ABC"));
         QTest::keyClick(deck->row(1), Qt::Key_Return);
         QCOMPARE(messages_.size(), 1);

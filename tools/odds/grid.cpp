@@ -32,5 +32,5 @@ std::vector<ReadingCells> playedReadings(int lines, bool bothways)
 Settled settled(const Grid& grid, int lines, Currency creditsperline, bool bothways)
 {
     const Settlement s = settle("2500", lines, creditsperline, bothways, grid);
-    return {s.totalpaid, s.jackpot};
+    return {s.totalPaid, s.jackpot};
 }

@@ -3,13 +3,14 @@
 // how the rules number the cells and name the readings; everything else in
 // the odds code works through them.
 #include "rules/currency.h"
+#include "rules/grid.h"
 
 #include <array>
 #include <vector>
 
-using Grid = std::array<int, 16>;  // cells 1..15, top row first, entry 0 unused
-inline constexpr int kFirstCell = 1;
-inline constexpr int kCellCount = 15;
+// Grid (rules/grid.h): cells 0..14, top row first.
+inline constexpr int kFirstCell = 0;
+inline constexpr int kCellCount = kCells;
 inline constexpr int kLineCount = 9;
 inline constexpr int kReadingCount = 2 * kLineCount;
 

@@ -1,0 +1,27 @@
+#include "game/game_start.h"
+
+#include "game/main_window.h"
+#include "platform/window_helpers.h"
+#include "screens/splash.h"
+
+#include <QDir>
+
+bool startGame(SplashScreen* splash, MainWindow** mainWindow)
+{
+    splash->showWithVersion();
+    auto* window = new MainWindow;
+    splash->raise();  // the main window opens behind the splash
+    if (!window->startupError().isEmpty()) {
+        const QString file = window->startupError();
+        delete window;
+        splash->hide();
+        win::showMessage(nullptr, QStringLiteral("reelmoor"),
+                         QStringLiteral("reelmoor cannot start: the picture file \"%1\" is missing or cannot be read "
+                                        "in the folder %2.")
+                             .arg(file, QDir::currentPath()));
+        window = nullptr;
+    }
+    if (mainWindow)
+        *mainWindow = window;
+    return window != nullptr;
+}

@@ -1,0 +1,8 @@
+#pragma once
+// The start of the game: the splash screen on screen, the main window made
+// behind it. False when the game cannot start (a picture it needs is
+// missing); the player has then been told which.
+class MainWindow;
+class SplashScreen;
+
+bool startGame(SplashScreen* splash, MainWindow** mainWindow = nullptr);

@@ -1,0 +1,206 @@
+#include "game/main_window.h"
+
+#include "game/bet_panel.h"
+#include "game/reel_surface.h"
+#include "platform/caption_button.h"
+#include "platform/random.h"
+#include "platform/window_helpers.h"
+#include "winners/closing_screen.h"
+#include "winners/start_over.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QIcon>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QSvgWidget>
+
+#include <cmath>
+
+namespace {
+constexpr int kClientWidth = 793;
+constexpr int kClientHeight = 550;
+
+QLabel* label(QWidget* parent, const QString& text, const QRect& place, Qt::Alignment align)
+{
+    auto* l = new QLabel(text, parent);
+    l->setGeometry(place);
+    l->setAlignment(align | Qt::AlignTop);
+    l->setFont(win::courierBold(15.75));
+    return l;
+}
+}
+
+MainWindow::MainWindow(Draw draw, QWidget* parent) : QMainWindow(parent), draw_(std::move(draw)), strobe_(this)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    dpr_ = screen() ? screen()->devicePixelRatio() : 1.0;
+    if (!draw_) {
+        rnd::seedFromTimeOfDay();
+        draw_ = rnd::draw;
+    }
+    buildControls();
+    win::centreOnScreen(this);
+    startupError_ = betPanel_->layOut();
+    if (!startupError_.isEmpty())
+        return;
+    QWidget* previous = spinButton_;
+    setTabOrder(bankBox_, spinButton_);
+    for (QWidget* next : betPanel_->tabOrder()) {
+        setTabOrder(previous, next);
+        previous = next;
+    }
+    if (!spinner_->load(dpr_)) {
+        startupError_ = QStringLiteral("0.emf");
+        return;
+    }
+    surface_->placeCells(SymbolStrip::kSymbolSize);
+    showOpening();
+}
+
+MainWindow::~MainWindow() { stopEverything(); }
+
+void MainWindow::buildControls()
+{
+    setWindowTitle(QStringLiteral("REELMOOR"));
+    setWindowIcon(QIcon(QStringLiteral("reelmoor.svg")));
+    setFont(win::courierBold(9));
+    QPalette p = palette();
+    p.setColor(QPalette::Window, win::kFace);
+    p.setColor(QPalette::Button, win::kFace);
+    setPalette(p);
+
+    surface_ = new ReelSurface(payLines_, this);
+    surface_->setFixedSize(kClientWidth, kClientHeight);
+    setCentralWidget(surface_);
+    spinner_ = new ReelSpinner(surface_, this);
+    connect(spinner_, &ReelSpinner::reelStopped, this, &MainWindow::beep);
+    connect(spinner_, &ReelSpinner::passDone, this, &MainWindow::passDone);
+    connect(spinner_, &ReelSpinner::finished, this, [this] {
+        play("");
+        spinning_ = false;
+        settle();
+    });
+    buildMenu();
+
+    label(surface_, QStringLiteral("credits paid"), {72, 376, 201, 41}, Qt::AlignHCenter);
+    label(surface_, QStringLiteral("total credits"), {400, 376, 185, 41}, Qt::AlignRight);
+    QLabel* betLabel = label(surface_, QStringLiteral("TOTAL BET"), {56, 456, 121, 33}, Qt::AlignRight);
+    QPalette red = betLabel->palette();
+    red.setColor(QPalette::WindowText, win::kRed);
+    betLabel->setPalette(red);
+    netLabel_ = label(surface_, QStringLiteral("NET GAIN"), {288, 456, 113, 33}, Qt::AlignRight);
+    netLabel_->setObjectName(QStringLiteral("netLabel"));
+
+    paidBox_ = makeTextBox(surface_, QStringLiteral("paidBox"), QStringLiteral("0"), {8, 400, 313, 41}, true);
+    bankBox_ = makeTextBox(surface_, QStringLiteral("bankBox"), QString::fromStdString(Game::newGameBankText()),
+                           {336, 400, 321, 41}, false);
+    betPanel_ = new BetPanel(surface_);
+    connect(betPanel_, &BetPanel::linesChosen, this, &MainWindow::chooseLines);
+    connect(betPanel_, &BetPanel::creditsChosen, this, &MainWindow::chooseCredits);
+    connect(betPanel_, &BetPanel::directionsToggled, this, &MainWindow::toggleDirections);
+    connect(betPanel_, &BetPanel::betMaxPressed, this, &MainWindow::betMax);
+    netBox_ = makeTextBox(surface_, QStringLiteral("netBox"), QStringLiteral("0"), {232, 480, 209, 41}, true);
+    paidBox_->setAccessibleName(QStringLiteral("credits paid"));
+    bankBox_->setAccessibleName(QStringLiteral("total credits"));
+    netBox_->setAccessibleName(QStringLiteral("net result"));
+
+    rightArrow_ = new QSvgWidget(QStringLiteral("arrow_right.svg"), surface_);
+    rightArrow_->setObjectName(QStringLiteral("rightArrow"));
+    rightArrow_->setGeometry(88, 104, 32, 32);
+    leftArrow_ = new QSvgWidget(QStringLiteral("arrow_left.svg"), surface_);
+    leftArrow_->setObjectName(QStringLiteral("leftArrow"));
+    leftArrow_->setGeometry(680, 104, 33, 33);
+    leftArrow_->hide();
+
+    spinButton_ = makeButton(surface_, QStringLiteral("spinButton"), QStringLiteral("SPIN"), 48);
+    spinButton_->setGeometry(576, 240, 209, 137);
+    spinButton_->setPicture(windowIcon(), QSize(32, 32));
+    connect(spinButton_, &QPushButton::clicked, this, &MainWindow::spin);
+
+    audioRest_.setParent(this);
+    audioRest_.setSingleShot(true);
+    connect(&audioRest_, &QTimer::timeout, this, [this] {
+        if (!restAudioWhenSilent())
+            audioRest_.start(500);
+    });
+
+    // The design has one size; the window keeps it.
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    adjustSize();
+}
+
+void MainWindow::buildMenu()
+{
+    fileMenu_ = menuBar()->addMenu(QStringLiteral("&file"));
+    auto item = [this](const QString& caption, const char* keys, auto handler) {
+        QAction* a = fileMenu_->addAction(caption);
+        a->setShortcut(QKeySequence(QString::fromLatin1(keys)));
+        connect(a, &QAction::triggered, this, handler);
+        return a;
+    };
+    timesTenAction_ = item(QStringLiteral("credits times 10"), "Ctrl+A", [this] { timesTen(); });
+    divideAction_ = item(QStringLiteral("credits divided by 10"), "Ctrl+B", [this] { divideByTen(); });
+    divideAction_->setEnabled(false);
+    sessionActions_ = {
+        timesTenAction_,
+        item(QStringLiteral("start table of winners over"), "Ctrl+C", [this] { startTableOfWinnersOver(this); }),
+        item(QStringLiteral("NEW GAME"), "Ctrl+N", [this] { newGame(); }),
+        item(QStringLiteral("EXIT"), "Ctrl+X", [this] { close(); }),
+        item(QStringLiteral("DISPLAY PAY TABLE"), "Ctrl+P", [this] { showPayTable(); }),
+    };
+    // The bar keeps its height while the menu is hidden during a spin, so the
+    // window does not jump.
+    menuBar()->setFixedHeight(menuBar()->sizeHint().height());
+}
+
+// The first playable state: 2500 credits, one line and one credit per line
+// chosen, line 1 drawn, fifteen random symbols at rest, SPIN focused.
+void MainWindow::showOpening()
+{
+    betPanel_->show(game_);
+    show();
+    drawPayLines();
+    spinButton_->setFocus();
+    spinner_->rest(draw_);
+}
+
+void MainWindow::play(const char* file, int count)
+{
+    player_.setPlayCount(count);
+    player_.setFileName(file);
+    audioRest_.start(3000);
+}
+
+void MainWindow::beep()
+{
+    ++beeps_;
+    systemBeep();
+    audioRest_.start(3000);
+}
+
+// However the main window goes — EXIT or its close control, even in the
+// middle of a spin or a flash — the closing screen comes up, once.
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    stopEverything();
+    if (!closingScreenShown_) {
+        closingScreenShown_ = true;
+        auto* screen = new ClosingScreen(game_.bank());
+        screen->setAttribute(Qt::WA_DeleteOnClose);
+        screen->show();
+    }
+    event->accept();
+}
+
+void MainWindow::stopEverything()
+{
+    if (spinner_)
+        spinner_->stop();
+    strobe_.stop();
+    player_.setFileName("");
+    audioRest_.stop();
+}

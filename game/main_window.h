@@ -1,0 +1,113 @@
+#pragma once
+// The main window: the grid of fifteen reels with the pay lines over it, the
+// bet and result boxes, the betting buttons and the "&file" menu. The game
+// itself (bank, bet, symbols) is a Game, the betting controls a BetPanel,
+// the reels a ReelSpinner; this window wires them together and shows the
+// results.
+#include "game/reel_spinner.h"
+#include "platform/sound/media_player.h"
+#include "presentation/segment_pool.h"
+#include "presentation/strobe.h"
+#include "rules/game.h"
+#include "rules/reel_motion.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+
+class BetPanel;
+class CaptionButton;
+class QAction;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QSvgWidget;
+class ReelSurface;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // Runs the whole start-up; the window shows itself at its end. When a
+    // picture the game cannot do without is missing, start-up stops and
+    // startupError() names the file. draw is the game's random source.
+    explicit MainWindow(Draw draw = {}, QWidget* parent = nullptr);
+    ~MainWindow() override;
+    const QString& startupError() const { return startupError_; }
+
+    // Read-only views for whoever checks the game.
+    const Game& game() const { return game_; }
+    const Reels& reels() const { return spinner_->reels(); }
+    const MediaPlayer& player() const { return player_; }
+    int beepsSounded() const { return beeps_; }
+
+signals:
+    // The settlement of a spin has ended and the controls are back.
+    void settled();
+    // One pass of the reels has been drawn.
+    void passDone();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildControls();
+    void buildMenu();
+    void showOpening();
+
+    // What the player does.
+    void spin();
+    void chooseLines(int button);
+    void chooseCredits(int button);
+    void toggleDirections();
+    void betMax();
+    void timesTen();
+    void divideByTen();
+    void newGame();
+    void showPayTable();
+
+    // What the window shows.
+    void showBet();
+    void drawPayLines();
+    void setControlsLocked(bool locked);
+    void settle();
+    void flash(const Settlement& s);
+    void flashHalf(bool blank);
+    void endSettlement(const Settlement& s);
+    void stopEverything();
+
+    // Plays a sound file count times on the media player ("" stops it).
+    void play(const char* file, int count = 1);
+    void beep();
+
+    Draw draw_;
+    Game game_;
+    SegmentPool payLines_;
+    Strobe strobe_;
+    CellFlags flashing_{};
+    bool spinning_ = false;
+    bool winsLeftToRight_ = false;
+    bool winsRightToLeft_ = false;
+
+    ReelSurface* surface_ = nullptr;
+    ReelSpinner* spinner_ = nullptr;
+    BetPanel* betPanel_ = nullptr;
+    CaptionButton* spinButton_ = nullptr;
+    QLineEdit* paidBox_ = nullptr;
+    QLineEdit* bankBox_ = nullptr;
+    QLineEdit* netBox_ = nullptr;
+    QLabel* netLabel_ = nullptr;
+    QSvgWidget* rightArrow_ = nullptr;
+    QSvgWidget* leftArrow_ = nullptr;
+    QMenu* fileMenu_ = nullptr;
+    QAction* timesTenAction_ = nullptr;
+    QAction* divideAction_ = nullptr;
+    QList<QAction*> sessionActions_;
+    QTimer audioRest_;  // lets the audio device rest once all is quiet
+    MediaPlayer player_;
+
+    QString startupError_;
+    bool closingScreenShown_ = false;
+    double dpr_ = 1.0;
+    int beeps_ = 0;
+};

@@ -1,0 +1,87 @@
+#include "game/symbol_strip.h"
+
+#include "rules/reel_motion.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+constexpr int kMaxSymbols = 50;
+
+// A white buffer of size x size logical pixels at the screen's pixel ratio.
+QImage whiteBuffer(int size, double dpr)
+{
+    const int device = static_cast<int>(std::lround(size * dpr));
+    QImage image(device, device, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    image.setDevicePixelRatio(dpr);
+    return image;
+}
+}
+
+bool SymbolStrip::load(double devicePixelRatio)
+{
+    dpr_ = devicePixelRatio;
+    symbols_.clear();
+    resting_.clear();
+    for (int i = 0; i < kMaxSymbols; ++i) {
+        auto picture = EmfPicture::load(QString::number(i) + QStringLiteral(".emf"));
+        if (!picture)
+            break;
+        // Drawn at its own size from the top-left corner, clipped to the buffer.
+        QImage buffer = whiteBuffer(kSymbolSize, dpr_);
+        QPainter painter(&buffer);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setClipRect(QRect(0, 0, kSymbolSize, kSymbolSize));
+        picture->paintNatural(painter);
+        painter.end();
+        resting_.push_back(std::move(buffer));
+        symbols_.push_back(std::move(*picture));
+    }
+    if (symbols_.empty())
+        return false;
+    buildStrip();
+    blank_ = QImage(92, 138, QImage::Format_RGB32);
+    blank_.fill(Qt::black);
+    return true;
+}
+
+// Picture m of symbol j shows symbol j moved down by m twelfths of a cell
+// with the next symbol on the strip coming in from the top; the strip wraps
+// to symbol 0.
+void SymbolStrip::buildStrip()
+{
+    const int symbols = symbolCount();
+    int offsets[kFramesPerSymbol];
+    for (int m = 0; m < kFramesPerSymbol; ++m)
+        offsets[m] = static_cast<int>(std::nearbyint(m * static_cast<double>(kSymbolSize) / kFramesPerSymbol));
+
+    // Offsets in device pixels, so a HiDPI strip moves by whole device pixels.
+    auto device = [this](int logical) { return static_cast<int>(std::lround(logical * dpr_)); };
+    const int width = device(kSymbolSize);
+
+    pictures_.clear();
+    pictures_.reserve(static_cast<std::size_t>(symbols) * kFramesPerSymbol);
+    for (int j = 0; j < symbols; ++j) {
+        const int n = j + 1 < symbols ? j + 1 : 0;
+        pictures_.push_back(resting_[static_cast<std::size_t>(j)]);
+        // Composed in device pixels; each finished picture takes the ratio back.
+        QImage next = resting_[static_cast<std::size_t>(n)];
+        QImage self = resting_[static_cast<std::size_t>(j)];
+        next.setDevicePixelRatio(1.0);
+        self.setDevicePixelRatio(1.0);
+        for (int m = 1; m < kFramesPerSymbol; ++m) {
+            QImage frame(width, width, QImage::Format_ARGB32_Premultiplied);
+            frame.fill(Qt::white);
+            QPainter painter(&frame);
+            const int in = device(offsets[kFramesPerSymbol - m]);
+            const int down = device(offsets[m]);
+            painter.drawImage(QPoint(0, 0), next, QRect(0, in, width, down));
+            painter.drawImage(QPoint(0, down), self, QRect(0, 0, width, in));
+            painter.end();
+            frame.setDevicePixelRatio(dpr_);
+            pictures_.push_back(std::move(frame));
+        }
+    }
+}

@@ -1,0 +1,252 @@
+// The main window as the player meets it: its designed places and pixels,
+// the keyboard order, a whole keyboard spin to a jackpot with its sounds, the
+// betting controls and the menu, and what it starts up with.
+#include "game/reel_surface.h"
+#include "platform/caption_button.h"
+#include "tests/support/game_fixture.h"
+#include "winners/closing_screen.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSvgWidget>
+#include <QTest>
+
+using fixture::child;
+
+namespace {
+QAction* action(const MainWindow& w, const QString& caption)
+{
+    for (QAction* a : w.findChildren<QAction*>())
+        if (a->text() == caption)
+            return a;
+    return nullptr;
+}
+
+QString text(const MainWindow& w, const char* box) { return child<QLineEdit>(w, box)->text(); }
+CaptionButton* lineButton(const MainWindow& w, int i) { return child<CaptionButton>(w, QStringLiteral("lineButton%1").arg(i)); }
+CaptionButton* creditButton(const MainWindow& w, int i) { return child<CaptionButton>(w, QStringLiteral("creditButton%1").arg(i)); }
+
+int shownClosingScreens()
+{
+    int n = 0;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        n += qobject_cast<ClosingScreen*>(top) && top->isVisible() ? 1 : 0;
+    return n;
+}
+}
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(stockFolder("all"));
+        fixture::fastPacing();
+        ClosingScreen::hooks().endProgram = [](bool) {};
+    }
+
+    void opensAsDesigned()
+    {
+        auto w = fixture::open("all");
+        QVERIFY(w->startupError().isEmpty());
+        QVERIFY(w->isVisible());
+        QCOMPARE(w->windowTitle(), QString("REELMOOR"));
+        const std::pair<const char*, QRect> places[] = {
+            {"spinButton", {576, 240, 209, 137}}, {"directionsButton", {672, 384, 113, 73}},
+            {"betMaxButton", {672, 464, 113, 73}}, {"paidBox", {8, 400, 313, 41}},
+            {"bankBox", {336, 400, 321, 41}},     {"betBox", {8, 480, 209, 41}},
+            {"netBox", {232, 480, 209, 41}},      {"lineButton2", {244, 232, 61, 65}},
+            {"lineButton4", {488, 232, 61, 65}},  {"creditButton0", {0, 304, 99, 31}},
+            {"creditButton4", {397, 304, 99, 31}}, {"creditButton9", {397, 335, 99, 31}},
+        };
+        for (const auto& [name, place] : places)
+            QCOMPARE(child(*w, name)->geometry(), place);
+        QCOMPARE(text(*w, "paidBox"), QString("0"));
+        QCOMPARE(text(*w, "bankBox"), QString("2500"));
+        QCOMPARE(text(*w, "betBox"), QString("1"));
+        QCOMPARE(lineButton(*w, 2)->text(), QString("5 lines"));
+        QCOMPARE(creditButton(*w, 6)->text(), QString("7 credits per line"));
+        QCOMPARE(lineButton(*w, 0)->face(), QColor(255, 255, 0));
+        QCOMPARE(creditButton(*w, 0)->face(), QColor(255, 255, 0));
+        QCOMPARE(creditButton(*w, 9)->face(), QColor(224, 224, 224));
+        QCOMPARE(w->focusWidget(), child(*w, "spinButton"));
+        QVERIFY(!action(*w, "credits divided by 10")->isEnabled());
+        QCOMPARE(action(*w, "NEW GAME")->shortcut(), QKeySequence("Ctrl+N"));
+
+        // The cells on their strips, the black band, and line 1 in navy over the middle row.
+        const double lefts[5] = {161.75, 260.875, 360, 459.125, 558.25};
+        for (int cell = 0; cell < 15; ++cell)
+            QCOMPARE(child<ReelSurface>(*w, {})->cellRect(cell), QRectF(lefts[cell % 5], 5 + 73 * (cell / 5), 73, 73));
+        const QImage grab = w->centralWidget()->grab().toImage();
+        QCOMPARE(grab.pixelColor(20, 228), QColor(Qt::black));
+        QCOMPARE(grab.pixelColor(20, 229), QColor(224, 224, 224));
+        QCOMPARE(grab.pixelColor(158, 223), QColor(Qt::white));
+        QCOMPARE(grab.pixelColor(158, 225), QColor(Qt::black));
+        QCOMPARE(grab.pixelColor(396, 114), QColor(0, 0, 128));
+        QCOMPARE(grab.pixelColor(152, 114), QColor(0, 0, 128));  // from 50 pixels left of the first column
+        QCOMPARE(grab.pixelColor(140, 114), QColor(Qt::black));
+
+        // Keyboard order: the bank box, SPIN, directions, BET MAX, the ten
+        // credits buttons, then the five lines buttons; result boxes take no stop.
+        QStringList order;
+        QWidget* at = child(*w, "bankBox");
+        do {
+            if (at->focusPolicy() & Qt::TabFocus)
+                order << at->objectName();
+            at = at->nextInFocusChain();
+        } while (at != child(*w, "bankBox"));
+        QStringList expected = {"bankBox", "spinButton", "directionsButton", "betMaxButton"};
+        for (int i = 0; i < 10; ++i)
+            expected << QStringLiteral("creditButton%1").arg(i);
+        for (int i = 0; i < 5; ++i)
+            expected << QStringLiteral("lineButton%1").arg(i);
+        QCOMPARE(order, expected);
+    }
+
+    // Five of the top symbol across the middle row: a jackpot. The second
+    // strobe runs over all fifteen cells after the first over the five.
+    void aKeyboardSpinToAJackpot()
+    {
+        fixture::Script script;
+        for (int i = 0; i < 15; ++i)
+            script.addSymbol(i);  // the opening grid
+        script.add(0.5f, 15);     // stopping times
+        script.add(0.75f, 15);    // every reel rolls forwards
+        for (int cell = 0; cell < 15; ++cell)
+            script.addSymbol(cell / 5 == 1 ? 49 : 6 * (cell % 5));
+        auto w = fixture::open("all", script.draw());
+        QCOMPARE(w->reels().picture(14), 12 * 14);
+        auto* spin = child<CaptionButton>(*w, "spinButton");
+        const int beeps = w->beepsSounded();
+
+        QTest::keyClick(spin, Qt::Key_Return);
+        QVERIFY(!spin->isEnabled());
+        QVERIFY(!lineButton(*w, 0)->isEnabled() && !creditButton(*w, 9)->isEnabled());
+        QVERIFY(!action(*w, "EXIT")->isEnabled());
+        QCOMPARE(w->player().fileName(), std::string("clink.wav"));
+        QCOMPARE(w->player().playCount(), 100000);
+        QVERIFY(fixture::waitSettled(*w));
+
+        QCOMPARE(w->game().symbols()[7], 49);
+        QCOMPARE(w->game().symbols()[3], 18);
+        QCOMPARE(w->beepsSounded() - beeps, 15 + 10 * 5 + 150);
+        QCOMPARE(text(*w, "paidBox"), QString("20551"));
+        QCOMPARE(text(*w, "bankBox"), QString("23050"));
+        QCOMPARE(text(*w, "netBox"), QString("20550"));
+        QCOMPARE(child<QLabel>(*w, "netLabel")->text(), QString("NET GAIN"));
+        QCOMPARE(w->game().bank(), Currency::fromWhole(23050));
+        QCOMPARE(w->player().fileName(), std::string());
+        QVERIFY(spin->isEnabled() && action(*w, "EXIT")->isEnabled());
+        QCOMPARE(w->focusWidget(), spin);
+        QVERIFY(!child(*w, "rightArrow")->isHidden());  // blinked back as it was
+        QVERIFY(child(*w, "leftArrow")->isHidden());
+    }
+
+    void theControlsSetTheBet()
+    {
+        auto w = fixture::open("all");
+        QTest::mouseClick(lineButton(*w, 3), Qt::LeftButton);
+        QCOMPARE(w->player().fileName(), std::string("chimes.wav"));
+        QCOMPARE(lineButton(*w, 3)->face(), QColor(255, 255, 0));
+        QCOMPARE(lineButton(*w, 0)->face(), QColor(224, 224, 224));
+        QTest::mouseClick(creditButton(*w, 2), Qt::LeftButton);
+        QCOMPARE(w->player().fileName(), std::string("clunk.wav"));
+        QCOMPARE(w->player().playCount(), 3);
+        QCOMPARE(text(*w, "betBox"), QString("21"));
+        auto* directions = child<CaptionButton>(*w, "directionsButton");
+        QTest::mouseClick(directions, Qt::LeftButton);
+        QCOMPARE(w->player().fileName(), std::string("jackpot.wav"));
+        QCOMPARE(text(*w, "betBox"), QString("42"));
+        QCOMPARE(directions->text(), QString("win one direction ------->"));
+        QCOMPARE(directions->face(), QColor(255, 255, 0));
+        QVERIFY(!child(*w, "leftArrow")->isHidden());
+        QCOMPARE(w->focusWidget(), child(*w, "spinButton"));
+
+        action(*w, "credits times 10")->trigger();
+        QCOMPARE(text(*w, "betBox"), QString("420"));
+        QCOMPARE(creditButton(*w, 0)->text(), QString("10 credits per line"));
+        QCOMPARE(creditButton(*w, 0)->accessibleName(), QString("10 credits per line"));
+        QVERIFY(action(*w, "credits divided by 10")->isEnabled());
+        action(*w, "credits divided by 10")->trigger();
+        QVERIFY(!action(*w, "credits divided by 10")->isEnabled());
+        QCOMPARE(text(*w, "betBox"), QString("42"));
+
+        // NEW GAME puts 2500 in the bank box and nothing else; the next spin settles it.
+        child<QLineEdit>(*w, "bankBox")->setText("17");
+        action(*w, "NEW GAME")->trigger();
+        QCOMPARE(text(*w, "bankBox"), QString("2500"));
+        QCOMPARE(text(*w, "betBox"), QString("42"));
+        QCOMPARE(w->game().bank(), Currency());
+
+        QTest::mouseClick(child(*w, "betMaxButton"), Qt::LeftButton);
+        QCOMPARE(text(*w, "betBox"), QString("180"));
+        QCOMPARE(lineButton(*w, 4)->face(), QColor(255, 255, 0));
+        QCOMPARE(creditButton(*w, 9)->face(), QColor(255, 255, 0));
+        QVERIFY(!child(*w, "spinButton")->isEnabled());
+        QVERIFY(fixture::waitSettled(*w));
+    }
+
+    // Keys and clicks while the reels roll change nothing; closing the
+    // window then brings up the closing screen once, with the bank as settled.
+    void aSpinIgnoresThePlayerAndClosingEndsIt()
+    {
+        pacing().timerScale = 1;  // the reels roll two seconds at least
+        auto w = fixture::open("all");
+        QTest::keyClick(child(*w, "spinButton"), Qt::Key_Space);
+        QTest::keyClick(w.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::mouseClick(lineButton(*w, 2), Qt::LeftButton);
+        QTest::mouseClick(creditButton(*w, 4), Qt::LeftButton);
+        QTest::mouseClick(child(*w, "betMaxButton"), Qt::LeftButton);
+        QTest::keyClick(child(*w, "spinButton"), Qt::Key_Return);
+        QTest::qWait(50);
+        QCOMPARE(w->game().lines(), 1);
+        QCOMPARE(w->game().creditScale(), 0);
+        QCOMPARE(w->game().creditsPerLine(), Currency::fromWhole(1));
+        QCOMPARE(text(*w, "betBox"), QString("1"));
+        fixture::fastPacing();
+
+        const int before = shownClosingScreens();
+        w.release()->close();
+        QCOMPARE(shownClosingScreens(), before + 1);
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (auto* screen = qobject_cast<ClosingScreen*>(top))
+                QCOMPARE(screen->printedCredits(), QString(" 0 "));
+        QTest::qWait(50);
+        QCOMPARE(shownClosingScreens(), before + 1);
+    }
+
+    // Which files start-up needs: the line button pictures and "0.emf"; the
+    // symbols end at the first that cannot be read, and at fifty.
+    void startsWithTheFilesItFinds_data()
+    {
+        QTest::addColumn<QStringList>("missing");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<int>("symbols");
+        QTest::newRow("all") << QStringList() << QString() << 50;
+        QTest::newRow("a fifty-first") << QStringList{"+50.emf"} << QString() << 50;
+        QTest::newRow("five") << QStringList{"5.emf"} << QString() << 5;
+        QTest::newRow("one") << QStringList{"1.emf"} << QString() << 1;
+        QTest::newRow("no symbols") << QStringList{"0.emf"} << QString("0.emf") << 0;
+        QTest::newRow("a line picture") << QStringList{"5.jpg", "0.emf"} << QString("5.jpg") << 0;
+    }
+
+    void startsWithTheFilesItFinds()
+    {
+        QFETCH(QStringList, missing);
+        QFETCH(QString, error);
+        QFETCH(int, symbols);
+        QVERIFY(stockFolder("some"));
+        for (const QString& f : missing)
+            QVERIFY(f.startsWith('+') ? QFile::copy("some/49.emf", "some/" + f.mid(1)) : QFile::remove("some/" + f));
+        auto w = fixture::open("some");
+        QCOMPARE(w->startupError(), error);
+        if (error.isEmpty())
+            QCOMPARE(w->reels().pictureCount(), 12 * symbols);
+    }
+};
+
+QTEST_MAIN(MainWindowTest)
+#include "main_window_test.moc"

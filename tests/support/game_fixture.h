@@ -1,0 +1,71 @@
+#pragma once
+// What the window tests share: folders stocked with the game's files, a
+// scripted random source, fast pacing, and a main window opened in a folder.
+#include "game/main_window.h"
+#include "platform/pacing.h"
+#include "tests/support/asset_folder.h"
+
+#include <QDir>
+#include <QSignalSpy>
+
+#include <deque>
+#include <memory>
+
+namespace fixture {
+
+// Runs fn with dir as the working directory.
+template <typename Fn>
+auto inDir(const QString& dir, Fn fn)
+{
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(dir);
+    struct Back {
+        QString to;
+        ~Back() { QDir::setCurrent(to); }
+    } back{before};
+    return fn();
+}
+
+inline std::unique_ptr<MainWindow> open(const QString& dir, Draw draw = {})
+{
+    return inDir(dir, [&] { return std::make_unique<MainWindow>(std::move(draw)); });
+}
+
+// Draws the numbers given, then 0.75 for ever.
+struct Script {
+    std::shared_ptr<std::deque<float>> numbers = std::make_shared<std::deque<float>>();
+    void add(float r, int times = 1) { numbers->insert(numbers->end(), std::size_t(times), r); }
+    // The draw that rests a reel on symbol s of 50.
+    void addSymbol(int s) { add((12.0f * float(s) + 6.0f) / 600.0f); }
+    Draw draw() const
+    {
+        return [n = numbers] {
+            if (n->empty())
+                return 0.75f;
+            const float r = n->front();
+            n->pop_front();
+            return r;
+        };
+    }
+};
+
+// Reels stop the moment a spin starts; settling takes a few milliseconds.
+inline void fastPacing()
+{
+    pacing().passMs = 1;
+    pacing().tickMs = 1;
+    pacing().timerScale = 0;
+}
+
+inline bool waitSettled(MainWindow& w, int ms = 20000)
+{
+    QSignalSpy spy(&w, &MainWindow::settled);
+    return spy.count() > 0 || spy.wait(ms);
+}
+
+template <typename T = QWidget>
+T* child(const QWidget& w, const QString& name)
+{
+    return w.findChild<T*>(name);
+}
+}

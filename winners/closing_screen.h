@@ -1,0 +1,73 @@
+#pragma once
+// The closing screen: the table of the ten best results. A player whose
+// credits beat a row types a name there and Enter stores the table; a player
+// who beats none sees the table stored as it was 2.5 seconds later. Either
+// way the program ends here.
+#include "rules/currency.h"
+#include "winners/winners_file.h"
+
+#include <QPointF>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+class QLineEdit;
+
+class ClosingScreen : public QWidget {
+    Q_OBJECT
+public:
+    // What the screen does to the world outside; tests replace them.
+    struct Hooks {
+        // Ends the program (default: leaves the event loop). stored tells
+        // whether the table was written.
+        std::function<void(bool stored)> endProgram;
+        // Tells the player that the table could not be stored (default: a
+        // message box).
+        std::function<void(QWidget* parent, const QString& text)> tellPlayer;
+        // The write used when storing the table (default: write(2)).
+        winners::Writer writer;
+    };
+    static Hooks& hooks();
+
+    // bank: the player's credits as last settled.
+    explicit ClosingScreen(Currency bank, QWidget* parent = nullptr);
+
+    // Read-only views for whoever checks the screen.
+    const winners::Table& table() const { return winners_; }
+    QLineEdit* row(int k) const { return rows_[static_cast<std::size_t>(k)]; }
+    // The player's credits as printed beside the rows, and where (pixels,
+    // top left of the text).
+    const QString& printedCredits() const { return printed_; }
+    const std::vector<QPointF>& printedAt() const { return printedAt_; }
+    bool ended() const { return ended_; }
+
+signals:
+    void programEnded(bool stored);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void fillTable();
+    void storeName(int k);
+
+    void printCredits(int k);
+    void finish(bool write);
+
+    Currency bank_;
+    winners::Table winners_{};
+    std::array<QLineEdit*, winners::kRecords> rows_{};
+    QTimer countdown_;
+    bool activated_ = false;
+    bool ended_ = false;
+    QString printed_;
+    std::vector<QPointF> printedAt_;
+};
