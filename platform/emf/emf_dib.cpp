@@ -281,7 +281,12 @@ QImage decodeDib(const char* record, std::uint32_t recordSize, const DibLocation
         return {};
     const char* bits = record + where.bitsAt;
     switch (h->compression) {
-    case U_BI_RLE4: case U_BI_RLE8: return decodeRle(*h, bits, where.bitsBytes);
+    case U_BI_RLE4: case U_BI_RLE8:
+        // Runs of a picture's pixels take bytes: a few bytes claiming
+        // megapixels are a bomb, not a picture.
+        if (h->width * h->height > 1024 * std::int64_t(where.bitsBytes) + (1 << 20))
+            return {};
+        return decodeRle(*h, bits, where.bitsBytes);
     case U_BI_JPEG: case U_BI_PNG: return decodeEmbedded(bits, where.bitsBytes);
     default: return decodePlain(*h, bits, where.bitsBytes, keepAlpha);
     }

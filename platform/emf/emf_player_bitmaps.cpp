@@ -134,7 +134,9 @@ void Player::bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t siz
     // The part of the bitmap the record copies, and how it lands.
     const QPointF src(readI32(rec, l.src), readI32(rec, l.src + 4));
     const QRectF wanted = QRectF(src, QSizeF(srcSize.x(), srcSize.y())).normalized();
-    const QRect part = wanted.toAlignedRect() & image.rect();
+    // Cut to the bitmap in floating point first: the wanted part may lie
+    // beyond what integers hold.
+    const QRect part = (wanted & QRectF(image.rect())).toAlignedRect() & image.rect();
     if (part.isEmpty())
         return;
     QTransform placement = QTransform::fromTranslate(part.x() - src.x(), part.y() - src.y());
@@ -157,8 +159,11 @@ void Player::bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t siz
         const DibLocation maskAt = locate(rec, 112, readU32(rec, 108));
         QImage mask = maskAt.headerBytes ? bitmap(rec, size, maskAt, false) : QImage();
         if (!mask.isNull()) {
-            const QPoint maskFrom(readI32(rec, 100), readI32(rec, 104));
-            mask = mask.copy(QRect(maskFrom + part.topLeft() - src.toPoint(), part.size()));
+            // Where the part starts in the mask, in 64 bits: the fields may be anything.
+            const std::int64_t x = std::int64_t(readI32(rec, 100)) + part.x() - readI32(rec, l.src);
+            const std::int64_t y = std::int64_t(readI32(rec, 104)) + part.y() - readI32(rec, l.src + 4);
+            const bool reachable = std::abs(x) < (1 << 30) && std::abs(y) < (1 << 30);
+            mask = reachable ? mask.copy(QRect(int(x), int(y), part.width(), part.height())) : QImage();
         }
         const QImage* maskPtr = mask.isNull() ? nullptr : &mask;
         for (RasterLayer& layer : rasterLayers(image, dc_.brush.color.rgb(), ropIndex(rop), maskPtr,

@@ -177,7 +177,7 @@ void Player::fillRecord(std::uint32_t type, const char* rec)
     op.path = region;
     op.stroked = true;
     op.stroke.color = brush.color;
-    op.stroke.width = 2 * std::max(w, h);
+    op.stroke.width = std::min(2 * std::max(w, h), kMaxPenWidth);
     op.stroke.join = Qt::MiterJoin;
     op.stroke.cap = Qt::SquareCap;
     const bool wasClipped = dc_.clipped;

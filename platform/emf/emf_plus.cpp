@@ -194,7 +194,7 @@ void PlusPlayer::image(std::uint32_t id, const QRectF& source, const QTransform&
     const auto* img = find<Image>(id);
     if (!img)
         return;
-    const QRect part = source.toAlignedRect() & img->image.rect();
+    const QRect part = (source & QRectF(img->image.rect())).toAlignedRect() & img->image.rect();
     if (part.isEmpty())
         return;
     DrawOp op;
