@@ -10,7 +10,7 @@ list(GET months ${month} month)
 set(REELMOOR_MANUAL_DATE "${month} ${CMAKE_MATCH_1}")
 
 set(REELMOOR_MANUALS)
-foreach(page reelmoor-odds.1 reelmoor.6)
+foreach(page reelmoor-odds.1 reelmoor-picture-check.1 reelmoor.6)
   set(filled ${CMAKE_CURRENT_BINARY_DIR}/${page})
   configure_file(${page} ${filled} @ONLY)
   set(packed ${filled}.gz)

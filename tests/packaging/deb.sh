@@ -35,7 +35,7 @@ awk '$2 != "root/root" { print; bad = 1 } END { exit bad }' "$out/contents" >&2 
 grep -q "^-rwxr-xr-x .* \./usr/$bindir/reelmoor\$" "$out/contents" || fail "the launcher is not executable"
 
 dpkg-deb -x "$deb" "$out/root"
-for program in "$bindir/reelmoor-odds" "$LIBEXECDIR/reelmoor/reelmoor"; do
+for program in "$bindir/reelmoor-odds" "$bindir/reelmoor-picture-check" "$LIBEXECDIR/reelmoor/reelmoor"; do
   [ -z "$(readelf -S "$out/root/usr/$program" | grep -e '\.debug_info' -e '\.symtab' -e '\.comment')" ] \
     || fail "$program is not stripped"
 done

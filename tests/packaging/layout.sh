@@ -14,7 +14,9 @@ check_layout() {
   sh -n "$bin/reelmoor" || fail "the launcher does not parse"
   [ -x "$libexec/reelmoor/reelmoor" ] && is_elf "$libexec/reelmoor/reelmoor" \
     || fail "no game executable at $libexec/reelmoor/reelmoor"
-  [ -x "$bin/reelmoor-odds" ] && is_elf "$bin/reelmoor-odds" || fail "no $bin/reelmoor-odds"
+  for tool in reelmoor-odds reelmoor-picture-check; do
+    [ -x "$bin/$tool" ] && is_elf "$bin/$tool" || fail "no $bin/$tool"
+  done
 
   # Every asset but the README, each the same as in the checkout.
   expected=$(asset_names)
@@ -51,20 +53,20 @@ check_layout() {
     [ "$(png_size "$png")" = "${size}x$size" ] || fail "$png is $(png_size "$png"), not ${size}x$size"
   done
 
-  for page in man1/reelmoor-odds.1.gz man6/reelmoor.6.gz; do
+  for page in man1/reelmoor-odds.1.gz man1/reelmoor-picture-check.1.gz man6/reelmoor.6.gz; do
     gzip -t "$man/$page" 2>/dev/null || fail "no manual page $man/$page"
   done
 
   # Nothing else: no libraries, headers, test programs or stray files. The
   # Debian package also has its copyright file and changelog.
   cat >"$REELMOOR_SCRATCH/allowed" <<EOF
-^$bindir/reelmoor(-odds)?\$
+^$bindir/reelmoor(-odds|-picture-check)?\$
 ^$LIBEXECDIR/reelmoor/reelmoor\$
 ^$gamedir/
 ^$DATADIR/applications/$id\.desktop\$
 ^$DATADIR/metainfo/$id\.metainfo\.xml\$
 ^$DATADIR/icons/hicolor/[^/]*/apps/$id\.(svg|png)\$
-^$MANDIR/(man1/reelmoor-odds\.1|man6/reelmoor\.6)\.gz\$
+^$MANDIR/(man1/reelmoor-odds\.1|man1/reelmoor-picture-check\.1|man6/reelmoor\.6)\.gz\$
 EOF
   [ "$1" = deb ] && echo "^$DATADIR/doc/reelmoor/(copyright|changelog\.gz)\$" >>"$REELMOOR_SCRATCH/allowed"
   stray=$(cd "$root" && find . -type f | sed 's|^\./||' | grep -v -E -f "$REELMOOR_SCRATCH/allowed" || true)

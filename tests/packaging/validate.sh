@@ -19,7 +19,7 @@ layout plain
 
 # groff's warnings about the roff source, when man-db is there to ask.
 if command -v man >/dev/null 2>&1; then
-  for page in "$man/man1/reelmoor-odds.1.gz" "$man/man6/reelmoor.6.gz"; do
+  for page in "$man/man1/reelmoor-odds.1.gz" "$man/man1/reelmoor-picture-check.1.gz" "$man/man6/reelmoor.6.gz"; do
     warnings=$(LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
     [ -z "$warnings" ] || fail "$page: $warnings"
   done
