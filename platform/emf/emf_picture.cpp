@@ -102,11 +102,15 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
     painter.setTransform(placement, true);
 
     // How many pixels of the painter's device one reference pixel covers,
-    // so that no pen comes out thinner than one device pixel.
+    // so that a zero-width pen comes out one device pixel wide.
     const QTransform toDevice = painter.deviceTransform();
     const double devicePerUnit =
         std::sqrt(std::abs(toDevice.m11() * toDevice.m22() - toDevice.m12() * toDevice.m21()));
     const double thinnest = devicePerUnit > 0 ? std::min(1 / devicePerUnit, kMaxPenWidth) : 1;
+    // A pen with a width of its own keeps at least one reference pixel when
+    // the picture is drawn smaller than its own size, so its lines come out
+    // faint, as on a screen that draws the picture whole and then shrinks it.
+    const double thinnestWide = std::min(thinnest, 1.0);
 
     for (const emf::DrawOp& op : d_->ops) {
         if (op.clipped) {
@@ -123,7 +127,7 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
         painter.setBrush(op.filled ? op.brush : QBrush(Qt::NoBrush));
         if (op.stroked) {
             QPen pen(op.stroke.color);
-            pen.setWidthF(std::max(op.stroke.width, thinnest));
+            pen.setWidthF(std::max(op.stroke.width, op.stroke.width > 0 ? thinnestWide : thinnest));
             pen.setStyle(op.stroke.style);
             pen.setCapStyle(op.stroke.cap);
             pen.setJoinStyle(op.stroke.join);

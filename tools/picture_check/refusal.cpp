@@ -1,7 +1,6 @@
 #include "tools/picture_check/refusal.h"
 
 #include <cstdint>
-#include <cstring>
 
 namespace picture_check {
 
@@ -11,11 +10,14 @@ constexpr qsizetype kMaxFileBytes = 32 * 1024 * 1024;
 constexpr std::uint32_t kHeaderRecord = 1;
 constexpr std::uint32_t kSignature = 0x464D4520;  // " EMF"
 
+// The little-endian word at byte offset at; 0 when it does not fit.
 std::uint32_t word(const QByteArray& bytes, qsizetype at)
 {
     std::uint32_t v = 0;
-    if (at >= 0 && at + 4 <= bytes.size())
-        std::memcpy(&v, bytes.constData() + at, 4);
+    if (at < 0 || at + 4 > bytes.size())
+        return v;
+    for (int i = 3; i >= 0; --i)
+        v = (v << 8) | static_cast<unsigned char>(bytes.at(at + i));
     return v;
 }
 

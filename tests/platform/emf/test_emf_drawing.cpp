@@ -337,6 +337,13 @@ private slots:
         const QImage two = renderNatural(*hairlines, 73, 73, 2);
         QVERIFY(oneDevicePixel(columnInk(two, 19) + columnInk(two, 20) + columnInk(two, 21), 80));
         QVERIFY(oneDevicePixel(columnInk(two, 79) + columnInk(two, 80) + columnInk(two, 81), 80));
+        // Drawn at a quarter of its size, the zero-width pen stays one device
+        // pixel while the scaled pen keeps one picture pixel and turns faint.
+        const QImage quarter = renderInto(*hairlines, QSize(19, 19), QRectF(0, 0, 18.25, 18.25));
+        const double zeroWidth = columnInk(quarter, 1) + columnInk(quarter, 2) + columnInk(quarter, 3);
+        const double scaled = columnInk(quarter, 9) + columnInk(quarter, 10) + columnInk(quarter, 11);
+        QVERIFY(oneDevicePixel(zeroWidth, 10));
+        QVERIFY(scaled > 1 && scaled < 0.5 * zeroWidth);
 
         // A wide geometric pen with flat ends covers its width times length.
         const auto wide = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter& e) {
