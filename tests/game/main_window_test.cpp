@@ -130,6 +130,9 @@ private slots:
         QCOMPARE(w->player().playCount(), 100000);
         QVERIFY(fixture::waitSettled(*w));
 
+        // The resting pictures are drawn for this screen's device pixels.
+        for (int cell = 0; cell < 15; ++cell)
+            QCOMPARE(child<ReelSurface>(*w, {})->cellPicture(cell)->devicePixelRatio(), w->devicePixelRatioF());
         QCOMPARE(w->game().symbols()[7], 49);
         QCOMPARE(w->game().symbols()[3], 18);
         QCOMPARE(w->beepsSounded() - beeps, 15 + 10 * 5 + 150);
