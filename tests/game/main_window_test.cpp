@@ -130,6 +130,9 @@ private slots:
         QCOMPARE(w->player().playCount(), 100000);
         QVERIFY(fixture::waitSettled(*w));
 
+        // The resting pictures are drawn for this screen's device pixels.
+        for (int cell = 0; cell < 15; ++cell)
+            QCOMPARE(child<ReelSurface>(*w, {})->cellPicture(cell)->devicePixelRatio(), w->devicePixelRatioF());
         QCOMPARE(w->game().symbols()[7], 49);
         QCOMPARE(w->game().symbols()[3], 18);
         QCOMPARE(w->beepsSounded() - beeps, 15 + 10 * 5 + 150);
@@ -219,7 +222,8 @@ private slots:
     }
 
     // Which files start-up needs: the line button pictures and "0.emf"; the
-    // symbols end at the first that cannot be read, and at fifty.
+    // symbols end at the first that cannot be read, and at fifty. "+f" adds a
+    // copy of a symbol as f, "!f" spoils f's bytes, anything else is removed.
     void startsWithTheFilesItFinds_data()
     {
         QTest::addColumn<QStringList>("missing");
@@ -231,6 +235,9 @@ private slots:
         QTest::newRow("one") << QStringList{"1.emf"} << QString() << 1;
         QTest::newRow("no symbols") << QStringList{"0.emf"} << QString("0.emf") << 0;
         QTest::newRow("a line picture") << QStringList{"5.jpg", "0.emf"} << QString("5.jpg") << 0;
+        QTest::newRow("a damaged fifth") << QStringList{"!5.emf"} << QString() << 5;
+        QTest::newRow("a damaged first") << QStringList{"!0.emf"} << QString("0.emf") << 0;
+        QTest::newRow("a damaged line picture") << QStringList{"!3.jpg"} << QString("3.jpg") << 0;
     }
 
     void startsWithTheFilesItFinds()
@@ -239,8 +246,12 @@ private slots:
         QFETCH(QString, error);
         QFETCH(int, symbols);
         QVERIFY(stockFolder("some"));
-        for (const QString& f : missing)
-            QVERIFY(f.startsWith('+') ? QFile::copy("some/49.emf", "some/" + f.mid(1)) : QFile::remove("some/" + f));
+        for (const QString& f : missing) {
+            QFile spoilt("some/" + f.mid(1));
+            QVERIFY(f.startsWith('+')   ? QFile::copy("some/49.emf", spoilt.fileName())
+                    : f.startsWith('!') ? spoilt.open(QIODevice::ReadWrite) && spoilt.write("\0\0\0\0", 4) == 4
+                                        : QFile::remove("some/" + f));
+        }
         auto w = fixture::open("some");
         QCOMPARE(w->startupError(), error);
         if (error.isEmpty())

@@ -1,42 +1,16 @@
-// The committed artwork: every symbol loads at 73 x 73 in its own colour,
-// the splash picture leaves its text band dark, the other pictures exist in
-// the sizes the windows use, and the decoder keeps its edges sharp on HiDPI.
+// The committed symbols: every one loads at 73 x 73 and fills its cell, and
+// the decoder keeps their edges sharp on HiDPI.
 #include "tests/platform/emf/emf_test_support.h"
 
-#include <QElapsedTimer>
-#include <QHash>
-#include <QPainter>
-#include <QSvgRenderer>
 #include <QtTest>
 
 #include <cmath>
-#include <map>
 
 namespace {
 
 QString asset(const QString& name)
 {
     return qEnvironmentVariable("REELMOOR_ASSETS") + '/' + name;
-}
-
-// The most common colour that is not (nearly) white: a symbol's body.
-QRgb bodyColour(const QImage& image)
-{
-    std::map<QRgb, int> counts;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb c = image.pixel(x, y);
-            if (qRed(c) + qGreen(c) + qBlue(c) < 3 * 235)
-                ++counts[c];
-        }
-    QRgb best = qRgb(255, 255, 255);
-    int most = 0;
-    for (const auto& [c, n] : counts)
-        if (n > most) {
-            best = c;
-            most = n;
-        }
-    return best;
 }
 
 int distance(QRgb a, QRgb b)
@@ -61,16 +35,12 @@ class EmfAssetsTest : public QObject {
 private slots:
     void symbols()
     {
-        QElapsedTimer clock;
-        clock.start();
-        QHash<QByteArray, int> seen;
-        QRgb colours[5] = {};
         for (int s = 0; s < 50; ++s) {
             const auto picture = EmfPicture::load(asset(QString::number(s) + ".emf"));
             QVERIFY2(picture, qPrintable(QString::number(s)));
             QCOMPARE(picture->naturalSize(), QSize(73, 73));
-            const QImage image = renderNatural(*picture, 73, 73);
             // A figure covers much of the cell and stays inside it.
+            const QImage image = renderNatural(*picture, 73, 73);
             int painted = 0;
             QRect box;
             for (int y = 0; y < 73; ++y)
@@ -81,61 +51,7 @@ private slots:
                     }
             QVERIFY2(painted > 73 * 73 / 4, qPrintable(QString::number(s)));
             QVERIFY2(QRect(1, 1, 71, 71).contains(box), qPrintable(QString::number(s)));
-            const QByteArray key(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
-            QVERIFY2(!seen.contains(key), qPrintable(QString("%1 looks like %2").arg(s).arg(seen.value(key))));
-            seen.insert(key, s);
-            // Colour s mod 5 is the same body colour for every figure.
-            const QRgb body = bodyColour(image);
-            if (s < 5)
-                colours[s] = body;
-            else
-                QVERIFY2(distance(body, colours[s % 5]) < 12, qPrintable(QString::number(s)));
         }
-        for (int a = 0; a < 5; ++a) {
-            QVERIFY(distance(colours[a], qRgb(255, 255, 255)) > 150);
-            for (int b = a + 1; b < 5; ++b)
-                QVERIFY(distance(colours[a], colours[b]) > 120);
-        }
-        qInfo("loading and drawing the 50 symbols took %lld ms", static_cast<long long>(clock.elapsed()));
-    }
-
-    void splash()
-    {
-        const auto picture = EmfPicture::load(asset("splash.emf"));
-        QVERIFY(picture);
-        QCOMPARE(picture->naturalSize(), QSize(452, 423));
-        const QImage image = renderNatural(*picture, 452, 423);
-        // White title text sits from y = 376 down: the band there is dark.
-        double light = 0;
-        for (int y = 370; y < 423; ++y)
-            for (int x = 0; x < 452; ++x)
-                light += qGray(image.pixel(x, y));
-        QVERIFY(light / (53 * 452) < 40);
-        // The scene above is not left blank anywhere near the corners.
-        QVERIFY(qGray(image.pixel(2, 2)) < 100 && qGray(image.pixel(449, 2)) < 100);
-    }
-
-    void buttonsIconAndArrows()
-    {
-        for (int lines : {1, 3, 5, 7, 9}) {
-            const QImage button(asset(QString::number(lines) + ".jpg"));
-            QCOMPARE(button.size(), QSize(104, 80));  // 52 x 40 on the button, stored at 2x
-        }
-        for (int size : {32, 48, 64, 128, 256}) {
-            const QImage icon(asset(QString("reelmoor-%1.png").arg(size)));
-            QCOMPARE(icon.size(), QSize(size, size));
-        }
-        for (const char* svg : {"reelmoor.svg", "arrow_right.svg", "arrow_left.svg"})
-            QVERIFY2(QSvgRenderer(asset(svg)).isValid(), svg);
-        // The arrows point opposite ways: each is the other mirrored.
-        QImage right(32, 32, QImage::Format_RGB32);
-        QImage left(32, 32, QImage::Format_RGB32);
-        for (auto [image, name] : {std::pair{&right, "arrow_right.svg"}, {&left, "arrow_left.svg"}}) {
-            QPainter p(image);
-            QSvgRenderer(asset(name)).render(&p);
-        }
-        QVERIFY(difference(left, right.mirrored(true, false)) < 32 * 32 * 3);
-        QVERIFY(difference(left, right) > 32 * 32 * 30);
     }
 
     void hiDpiKeepsEdgesSharp()
