@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "game/bet_panel.h"
 
 #include "platform/caption_button.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The betting controls of the main window: five lines buttons, ten credits
 // buttons, the directions button, BET MAX and the total-bet box. They show

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The start of the game: the splash screen on screen, the main window made
 // behind it. False when the game cannot start (a picture it needs is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // reelmoor: starts with the splash screen, which starts the game.
 #include "game/game_start.h"
 #include "screens/splash.h"

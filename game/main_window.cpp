@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "game/main_window.h"
 
 #include "game/bet_panel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The main window: the grid of fifteen reels with the pay lines over it, the
 // bet and result boxes, the betting buttons and the "&file" menu. The game

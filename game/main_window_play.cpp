@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the player does on the main window, and the spin: lock the controls,
 // set the reels rolling until all have stopped, then settle — winning lines, paid credits, the flashes (twice on a
 // jackpot), the refilled bank, the net result — and hand the controls back.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "game/reel_spinner.h"
 
 #include "game/reel_surface.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The fifteen reels on the window: the symbols' strip pictures, each reel's
 // stopping timer, and the passes that roll the running reels one picture on

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The main window's drawing surface: the light grey face, the black band with
 // the five white reel strips, the fifteen cell pictures on them and, in front,

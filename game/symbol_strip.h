@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The symbols' pictures: each symbol file drawn into a cell-sized buffer,
 // the twelve pictures per symbol of the rolling strip made from them, and

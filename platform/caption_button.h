@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // A push button whose caption wraps at word boundaries to fit the button,
 // with an optional picture above the caption — the classic desktop command

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // How fast the game's animations run. The reels move one twelfth of a cell
 // per pass; the strobe waits one tick of the clock twice per flash. Both are

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Every pay line in play over the grid, each in its own colour.
 #include "presentation/segment_pool.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The pool of straight line segments the pay lines are made of. Segments lie
 // over the grid's cells; one with a higher index lies in front of one with a

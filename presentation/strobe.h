@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The flashing of winning cells: ten flashes per winning cell, each a blank
 // half and a shown half lasting one tick of the clock. Whoever runs it draws

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The game's money: a signed 64-bit fixed-point amount with four decimal
 // places (the value times 10,000 held as an integer). Bank, bets, line values

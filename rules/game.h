@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // One game at the table: the bank, the bet (lines played, credits per line
 // and its power of ten, one or both directions) and the fifteen symbols at

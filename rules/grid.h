@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The grid of symbols: three rows of five columns, fifteen cells counted
 // from 0 at the top left, row by row.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "rules/pay.h"
 
 double matchRunValue(int figure, int count)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The pay schedule: what one pay line pays per credit bet on it. Runs count
 // from the line's first cell only: identical symbols from two cells on, one

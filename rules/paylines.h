@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The nine pay lines over the grid, each one cell per column from left to
 // right (cells 0..4 top row, 5..9 middle, 10..14 bottom).

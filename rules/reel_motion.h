@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The reels' motion. Each cell shows one picture of a strip: symbol s at rest
 // is picture 12 s, and pictures 12 s + 1 .. 12 s + 11 show the strip rolled

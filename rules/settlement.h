@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The arithmetic of settling one spin, free of any window: what the main
 // window then shows, in the order it shows it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The pay table: page 1 shows every symbol in play with what two to five of
 // it in a row pay, page 2 what three to five of one figure in any colours

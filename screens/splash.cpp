@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "screens/splash.h"
 
 #include "platform/emf/emf_picture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The first window: a picture with the game's title and version. The game
 // starts while it is on screen; it closes itself three seconds later.

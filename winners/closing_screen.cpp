@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "winners/closing_screen.h"
 
 #include "platform/window_helpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The closing screen: the table of the ten best results. A player whose
 // credits beat a row types a name there and Enter stores the table; a player

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "winners/start_over.h"
 
 #include "winners/winners_file.h"

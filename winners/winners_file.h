@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The table of winners and its file "name.dat": ten records of 24 bytes, a
 // name of 20 Windows-1252 bytes padded with blanks followed by the credits

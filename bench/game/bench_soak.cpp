@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Spins in a row at the largest bet with the reels, flashes and sounds on
 // short timers: reports the resident memory after the thirtieth spin and
 // after the last, and the growth between. Run in a folder that holds the

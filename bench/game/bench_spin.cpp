@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // CPU used over whole spins, click to controls back, and how evenly the
 // passes come. Run in a folder that holds the game's assets.
 #include "game/main_window.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // From process start to the main window shown and idle: prints the seconds
 // and the resident memory then. Run in a folder that holds the game's assets.
 #include "game/game_start.h"

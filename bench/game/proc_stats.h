@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // What the benchmarks read about their own process from /proc and getrusage.
 #include <sys/resource.h>

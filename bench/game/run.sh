@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Measures start-up (median of 11 runs), whole spins, and memory growth over
 # many spins (bench_soak) of the game under a
 # real X server (Xvfb), in a folder holding the game's assets.

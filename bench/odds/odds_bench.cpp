@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How fast the odds come: the exact figures of one bet with 50 symbols, the
 // figures of a whole spin for every bet of the table, and random spins of
 // the largest bet on two threads. Wall time and the CPU time

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Speed of the odds tool: run.sh [build dir]. Prints the in-process timings,
 # the time of the whole table as a user runs it, then how fast reelmoor-odds
 # values lines read from stdin.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_device_context.h"
 
 #include <uemf.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // What a metafile's drawing state holds between records: the selected pen
 // and brush, the fill mode, the mapping from logical units to the reference

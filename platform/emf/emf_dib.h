@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Device-independent bitmaps as metafile records carry them: a bitmap
 // header (core, info or one of its longer versions), a colour table or bit

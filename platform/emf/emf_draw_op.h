@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The loaded form of a metafile: its frame and a list of ready shapes, all in
 // the pixels of the reference device the metafile was recorded for. Loading

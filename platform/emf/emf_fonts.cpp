@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_fonts.h"
 
 #include "platform/emf/emf_record_check.h"

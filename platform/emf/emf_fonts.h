@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Fonts: the LOGFONT of a font record read into our FontObject, and the face
 // we draw it with: the installed face of that name, a metric-compatible

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The metafile header: its size tells which optional fields it has (88 bytes
 // for the oldest files, 100 with the pixel format, 108 with micrometres), and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The metafile's object table: pens and brushes created by records and
 // addressed by index, and the stock objects every device context has.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // A Windows Enhanced Metafile picture, checked record by record when it is
 // loaded and drawn with QPainter by our own record interpreter.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Interprets the records of a checked metafile, in order, into the list of
 // shapes that painting replays. Records it does not draw are passed over.

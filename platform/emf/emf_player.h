@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The record interpreter behind playRecords: walks the checked records in
 // order, keeps the device context, object table and path being recorded, and

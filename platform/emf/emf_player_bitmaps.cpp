@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The bit-block records: bitmaps stretched onto the page and combined with
 // what is drawn by their raster operation, brush fills of a rectangle, and
 // the bitmap brushes.

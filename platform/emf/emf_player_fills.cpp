@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Single pixels, regions filled, framed, painted and inverted, and colour
 // gradients over rectangles and triangles.
 #include "platform/emf/emf_player.h"

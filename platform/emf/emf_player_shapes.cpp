@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The drawing records: polygons, lines, Béziers, boxes and arcs.
 #include "platform/emf/emf_player.h"
 

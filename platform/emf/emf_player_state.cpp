@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The records that change the drawing state: clipping, mapping, the world
 // transform, saved states, fill mode, current position, objects.
 #include "platform/emf/emf_player.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Text records: each string's glyph outlines laid out along its baseline with
 // the selected font, aligned on the reference point, and filled with the text
 // colour over an optional background.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The richer drawing records some programs put in a metafile's comments
 // (behind the signature "EMF+"), for pictures whose plain records draw

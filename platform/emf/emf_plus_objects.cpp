@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_plus_objects.h"
 
 #include "platform/emf/emf_dib.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The objects EMF+ records define and later draw with, and a reader that
 // never steps past the bytes it was given.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Raster operations: how a bit-block transfer combines its source bitmap,
 // the selected brush's colour and what is already drawn. Any operation on

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Checks the structure of a whole metafile before anything of it is drawn:
 // a valid header first, every record inside the data with a sane size and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Geometry the records describe, built in logical units: point arrays, the
 // elliptic arcs of Arc, ArcTo, Chord and Pie, and AngleArc's circle arc.

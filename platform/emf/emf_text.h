@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The strings a text record carries, read with every offset and count
 // checked against the record: ExtTextOut (wide and 8-bit), PolyTextOut and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The one audio device of the game, opened the first time a sound is wanted
 // and closed by itself at exit. Without a device every sound is silent: the

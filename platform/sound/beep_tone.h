@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The alert beep, made in memory: a short, soft "bip" that several times a
 // second may sound over itself and over the other sounds without clipping.

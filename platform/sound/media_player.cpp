@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/sound/media_player.h"
 
 #include "platform/sound/audio_device.h"

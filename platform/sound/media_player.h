@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The game's sound player: a file name (setting it plays the file from its
 // start, "" stops) and a play count. One player plays one file at a time; a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // 16-bit PCM WAV files: the game's sound files, the beep built in memory, and
 // the generator that makes the sounds all use this one reader and writer.

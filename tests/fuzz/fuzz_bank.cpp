@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The bank's text on arbitrary bytes, and money written as text and read
 // back: whatever the total-credits box holds reads as a whole amount that
 // the game writes back unchanged, and every amount's text is exact.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // What a fuzz target asserts about its input: a broken promise stops the run
 // with a message, so libFuzzer keeps the input as a crash.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The picture loader on arbitrary bytes: a file it accepts is drawn the two
 // ways the game draws its pictures, at its own size into a clipped symbol
 // buffer and stretched over a box, the latter on a double-density image.

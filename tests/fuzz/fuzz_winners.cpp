@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The table of winners on arbitrary bytes: decoding and encoding lose no
 // byte, the file reader sees what the decoder sees, and a save keeps the
 // table and everything the old file held beyond it.

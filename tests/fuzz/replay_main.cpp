@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A fuzz target without libFuzzer: runs the target once on every file named
 // on the command line, or on every file inside a named folder. CTest replays
 // the committed corpora this way in the ordinary and the sanitized builds.

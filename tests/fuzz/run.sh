@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Builds the fuzz targets with clang and libFuzzer (under AddressSanitizer and
 # UndefinedBehaviorSanitizer) and runs each for a bounded time, starting from
 # its committed seed corpus. Fails when a target crashes, breaks one of its

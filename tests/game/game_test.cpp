@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The game's state and the reels' motion, without a window.
 #include "rules/game.h"
 #include "rules/reel_motion.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The main window as the player meets it: its designed places and pixels,
 // the keyboard order, a whole keyboard spin to a jackpot with its sounds, the
 // betting controls and the menu, and what it starts up with.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What is drawn over the grid: the pay lines join the cells the settlement
 // reads, and the strobe's flashes.
 #include "platform/pacing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Grids for settlement tests: three rows of five symbols, top to bottom.
 #include "rules/grid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The side screens: the splash with its title and version, and the pay
 // table's two pages — what is printed where, at the credits per line in
 // force, and which pictures stand where.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // A fresh working folder stocked with the game's files: all of them, or only
 // the ones named.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // What the window tests share: folders stocked with the game's files, a
 // scripted random source, fast pacing, and a main window opened in a folder.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The closing screen from show to program end, with the bytes of "name.dat"
 // checked afterwards.
 #include "tests/winners/file_bytes.h"

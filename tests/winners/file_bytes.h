@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Small helpers for looking at "name.dat" byte by byte.
 #include <QByteArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // "start table of winners over": the question as the player sees it, and
 // what Yes and No do to "name.dat".
 #include "tests/winners/file_bytes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The table of winners on disk: byte layout, an empty file, names, credits
 // and saves that fail or are cut short.
 #include "tests/winners/file_bytes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // "name.dat" as the closing screen meets it: of every size up to past its
 // ten records and full of random bytes, read-only, or in a read-only
 // folder. Whatever the player did not replace is still there afterwards;

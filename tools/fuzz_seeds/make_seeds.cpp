@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Writes the seed corpora of the fuzz targets into <corpus folder>:
 // metafiles that use every kind of record the picture player draws, some of
 // the game's own pictures, "name.dat" files of several sizes made by the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Command-line helpers of reelmoor-odds: strict numbers and the one way it
 // reports a usage error (one line on stderr, exit status 2).

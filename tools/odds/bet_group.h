@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // One group of bets (lines, directions) of the odds table: its readings,
 // its sure lines, and the grids drawn for its estimates. Used by

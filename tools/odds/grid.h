@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The game's grid as the odds code sees it. Only this file and grid.cpp know
 // how the rules number the cells and name the readings; everything else in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // 99 % intervals of the odds tool.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // reelmoor-odds line: one reading valued, or a stream of them from stdin.
 #include "arguments.h"
 

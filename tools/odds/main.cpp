@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // reelmoor-odds: what the pay schedule gives back, exactly and by random
 // spins, from the game's own rules code.
 #include "arguments.h"

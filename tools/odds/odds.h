@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Exact odds of the pay schedule. Every cell shows each of the symbols in
 // play with the same chance, independently of the others, so each reading

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // reelmoor-odds simulate: random spins of one bet through the settlement's
 // arithmetic, against the exact figures.
 #include "arguments.h"

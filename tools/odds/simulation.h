@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Random spins through the settlement's own arithmetic, for the odds tool
 // and its benchmark: no windows, no text, only the credits paid.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "tools/odds/spin_odds.h"
 
 #include "tools/odds/bet_group.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Figures of a whole spin that do not follow from one reading alone: the
 // chance of a jackpot, the chance that a spin pays anything, and the spread

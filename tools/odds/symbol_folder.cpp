@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How many symbols the game would load from a folder: it reads "0.emf",
 // "1.emf"... with its own picture reader and stops at the first it cannot
 // load.

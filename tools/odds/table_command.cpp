@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // reelmoor-odds table: every bet's exact return, and the figures of a whole
 // spin (paying spins, spread, jackpot) exact or with their 99 % interval.
 #include "arguments.h"

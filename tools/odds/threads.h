@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Runs work(part) for part 0..parts-1 on threads of their own and merges
 // the tallies in part order, so a seed gives the same result every time.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Looks at symbol pictures the way the game draws them:
 //   reelmoor-picture-check render IN.emf OUT.png [--size N]
 // draws IN fitted into N × N pixels (256 unless given), centred on white.

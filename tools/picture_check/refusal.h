@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Says in a few words why the game refuses a picture file.
 #include <QByteArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // reelmoor-picture-check render IN.emf OUT.png [--size N]
 #include <QStringList>

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Draws every .emf file of a folder into OUT_DIR/<name>.png at 256 × 256, the
 # way the renderer is measured against other renderers' drawings:
 #   score_corpus.sh FILES_DIR OUT_DIR [reelmoor-picture-check binary]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The game's artwork, each kind written into a folder by its own maker.
 #include <QString>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Records built byte by byte, for what libuemf's builders do not make (or
 // make only from well-formed parts): chosen fields in a record's fixed part,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Writes a Windows Enhanced Metafile with libuemf's record builders: the
 // header for a picture of a given size on a 96-dpi reference device, objects

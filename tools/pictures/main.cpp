@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Writes the game's artwork into a folder (the repository's assets/):
 //   reelmoor-pictures <folder>
 // or draws what is there onto one sheet with the game's decoder:

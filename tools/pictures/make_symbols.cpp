@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "tools/pictures/artwork.h"
 #include "tools/pictures/symbol_figures.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The ten figures of the game's symbols, drawn as metafile records. Each is
 // designed in a 73 x 73 pixel box and can be placed anywhere at any scale and

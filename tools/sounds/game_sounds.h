@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The game's four sounds, each made from scratch by the synth kit.
 #include "platform/sound/wav_file.h"

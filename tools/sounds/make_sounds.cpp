@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Writes the game's sound files into the folder given (the repository's
 // assets/ folder when run by the regenerate-sounds target).
 #include "game_sounds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Small building blocks for the game's sounds: a track of samples in the
 // range -1..1 that tones and noise bursts are added into, then shaped and

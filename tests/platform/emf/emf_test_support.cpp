@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "tests/platform/emf/emf_test_support.h"
 
 #include <QFile>

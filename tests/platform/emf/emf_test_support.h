@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Writing small metafiles for the decoder tests, and measuring what the
 // decoder drew.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The committed symbols: every one loads at 73 x 73 and fills its cell, and
 // the decoder keeps their edges sharp on HiDPI.
 #include "tests/platform/emf/emf_test_support.h"

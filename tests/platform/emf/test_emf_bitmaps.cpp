@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Bitmaps in every layout a metafile may carry them, raster operations,
 // bitmap brushes, single pixels, regions, gradients and EMF+ records, each
 // drawn into a 40 x 40 picture and checked at a few points.

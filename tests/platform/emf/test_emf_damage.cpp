@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Files that are missing, foreign, cut short or damaged cannot be loaded,
 // and nothing any byte sequence contains crashes or hangs the decoder.
 #include "tests/platform/emf/emf_test_support.h"

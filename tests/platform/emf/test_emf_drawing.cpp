@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The decoder draws what a metafile's records describe, where they describe
 // it: shapes, fill modes, mappings, sizes, clipping, pens.
 #include "tests/platform/emf/emf_test_support.h"

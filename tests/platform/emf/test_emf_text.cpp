@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Text lands where its alignment, advances, escapement and mapping put it,
 // in the face that stands in for the one the picture names.
 #include "tests/platform/emf/emf_test_support.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "disk_capture.h"
 
 #include "platform/sound/audio_device.h"

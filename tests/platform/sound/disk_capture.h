@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // Records what the game plays: SDL's disk driver writes the mixed output
 // (44.1 kHz, 16-bit, stereo, as the game opens the device) into a file of

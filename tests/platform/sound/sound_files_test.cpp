@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The beep made in memory: its length and level, and the decoder's refusals.
 #include "platform/sound/beep_tone.h"
 #include "platform/sound/wav_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the game's sounds put out, captured through SDL's disk driver.
 #include "disk_capture.h"
 

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-2.0-or-later
 # reelmoor-odds as a user runs it: results on stdout, and exit status 2 with
 # one line on stderr for anything it cannot take.
 odds=$1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "rules/pay.h"
 #include "tools/odds/grid.h"
 #include "tools/odds/odds.h"

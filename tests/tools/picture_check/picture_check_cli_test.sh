@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-2.0-or-later
 # reelmoor-picture-check as a player runs it: a symbol drawn into a square
 # PNG of the size asked for, and a file the game would refuse told apart in
 # one line with exit status 2.
