@@ -444,4 +444,4 @@ private slots:
 };
 
 QTEST_MAIN(EmfDrawingTest)
-#include "test_emf_drawing.moc"
+#include "emf_drawing_test.moc"

@@ -74,4 +74,4 @@ private slots:
 };
 
 QTEST_MAIN(EmfAssetsTest)
-#include "test_emf_assets.moc"
+#include "emf_assets_test.moc"

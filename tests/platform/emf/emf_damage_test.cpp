@@ -168,4 +168,4 @@ private slots:
 };
 
 QTEST_MAIN(EmfDamageTest)
-#include "test_emf_damage.moc"
+#include "emf_damage_test.moc"

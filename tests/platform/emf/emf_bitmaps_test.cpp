@@ -309,4 +309,4 @@ private slots:
 };
 
 QTEST_MAIN(EmfBitmapsTest)
-#include "test_emf_bitmaps.moc"
+#include "emf_bitmaps_test.moc"

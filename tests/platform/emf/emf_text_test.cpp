@@ -165,4 +165,4 @@ private slots:
 };
 
 QTEST_MAIN(EmfTextTest)
-#include "test_emf_text.moc"
+#include "emf_text_test.moc"
