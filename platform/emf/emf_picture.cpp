@@ -96,6 +96,9 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
         return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
+    // The picture is its frame: whatever a file draws beyond it stays unseen,
+    // as it would on the screen the file was made for.
+    painter.setClipRect(target, Qt::IntersectClip);
     QTransform placement;
     placement.translate(target.x(), target.y());
     placement.scale(target.width() / frame.width(), target.height() / frame.height());

@@ -382,6 +382,16 @@ private slots:
         const Ink ink = inkOf(renderNatural(*offset, 73, 73));
         QVERIFY(std::abs(ink.area - 400) < 5);
         QVERIFY(ink.box.left() <= 1 && ink.box.top() <= 1);
+
+        // What a file draws beyond its frame stays off the buffer around
+        // the target, even where the painter itself could show it.
+        const auto spill = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter& e) {
+            blackFill(e);
+            e.rectangle({-30, -30, 20, 20});
+        }));
+        QVERIFY(spill);
+        QCOMPARE(inkOf(renderInto(*spill, {120, 120}, QRectF(40, 40, 73, 73))).box,
+                 QRect(40, 40, 20, 20));
     }
 
     void pens()
