@@ -37,9 +37,12 @@ void centre(QWidget* window)
 
 // A window centred before the window system framed it sits low by half its
 // title bar: once the frame is known, it is centred again, once.
+// It has no meta-object of its own, so it is found by its name.
+constexpr const char* kCentreWhenFramed = "centreWhenFramed";
+
 class CentreWhenFramed : public QObject {
 public:
-    using QObject::QObject;
+    explicit CentreWhenFramed(QObject* parent) : QObject(parent) { setObjectName(kCentreWhenFramed); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
@@ -60,7 +63,8 @@ void centreOnScreen(QWidget* window)
 {
     centre(window);
     if (window->frameGeometry().size() == window->size() &&
-        !window->windowFlags().testFlag(Qt::FramelessWindowHint) && !window->findChild<CentreWhenFramed*>())
+        !window->windowFlags().testFlag(Qt::FramelessWindowHint) &&
+        !window->findChild<QObject*>(kCentreWhenFramed, Qt::FindDirectChildrenOnly))
         window->installEventFilter(new CentreWhenFramed(window));
 }
 
