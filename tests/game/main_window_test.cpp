@@ -48,6 +48,14 @@ private slots:
         fixture::fastPacing();
         ClosingScreen::hooks().endProgram = [](bool) {};
     }
+    // Windows a case left open (a closing screen, a window it let go) go
+    // before the next case.
+    void cleanup()
+    {
+        for (QWidget* top : QApplication::topLevelWidgets())
+            top->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     void opensAsDesigned()
     {
