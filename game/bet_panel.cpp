@@ -1,45 +1,26 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "game/bet_panel.h"
 
+#include "game/controls.h"
+
 #include "platform/caption_button.h"
 #include "platform/window_helpers.h"
 #include "rules/game.h"
 
 #include <QImageReader>
+#include <QLabel>
 #include <QLineEdit>
 
 #include <cmath>
 
-// A box of the design; the read-only ones only show results and take no Tab stop.
-QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QString& text, const QRect& place, bool readOnly)
-{
-    auto* t = new QLineEdit(text, parent);
-    t->setObjectName(name);
-    t->setGeometry(place);
-    t->setFont(win::courierBold(18));
-    t->setReadOnly(readOnly);
-    if (readOnly)
-        t->setFocusPolicy(Qt::ClickFocus);
-    QPalette p = t->palette();
-    p.setColor(QPalette::Base, Qt::white);
-    p.setColor(QPalette::Text, Qt::black);
-    t->setPalette(p);
-    return t;
-}
-
-CaptionButton* makeButton(QWidget* parent, const QString& name, const QString& caption, double points)
-{
-    auto* b = new CaptionButton(caption, parent);
-    b->setObjectName(name);
-    b->setFont(win::courierBold(points));
-    b->setAccessibleName(caption);
-    return b;
-}
-
 BetPanel::BetPanel(QWidget* surface) : QObject(surface), surface_(surface)
 {
+    QLabel* betLabel = makeLabel(surface, QStringLiteral("TOTAL BET"), {56, 456, 121, 33}, Qt::AlignRight);
+    QPalette red = betLabel->palette();
+    red.setColor(QPalette::WindowText, win::kRed);
+    betLabel->setPalette(red);
     betBox_ = makeTextBox(surface, QStringLiteral("betBox"), QStringLiteral("1"), {8, 480, 209, 41}, true);
-    QPalette red = betBox_->palette();
+    red = betBox_->palette();
     red.setColor(QPalette::Base, win::kRed);
     betBox_->setPalette(red);
     betBox_->setAccessibleName(QStringLiteral("total bet"));

@@ -40,7 +40,3 @@ private:
     std::array<CaptionButton*, 5> lineButtons_{};
     std::array<CaptionButton*, 10> creditButtons_{};
 };
-
-// The design's controls, shared with the main window.
-QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QString& text, const QRect& place, bool readOnly);
-CaptionButton* makeButton(QWidget* parent, const QString& name, const QString& caption, double points);

@@ -2,7 +2,9 @@
 #include "game/main_window.h"
 
 #include "game/bet_panel.h"
+#include "game/controls.h"
 #include "game/reel_surface.h"
+#include "game/result_panel.h"
 #include "platform/caption_button.h"
 #include "platform/random.h"
 #include "platform/window_helpers.h"
@@ -12,30 +14,17 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QIcon>
-#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
-#include <QSvgWidget>
-
-#include <cmath>
 
 namespace {
 constexpr int kClientWidth = 793;
 constexpr int kClientHeight = 550;
-
-QLabel* label(QWidget* parent, const QString& text, const QRect& place, Qt::Alignment align)
-{
-    auto* l = new QLabel(text, parent);
-    l->setGeometry(place);
-    l->setAlignment(align | Qt::AlignTop);
-    l->setFont(win::courierBold(15.75));
-    return l;
-}
 }
 
-MainWindow::MainWindow(Draw draw, QWidget* parent) : QMainWindow(parent), draw_(std::move(draw)), strobe_(this)
+MainWindow::MainWindow(Draw draw, QWidget* parent) : QMainWindow(parent), draw_(std::move(draw))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     dpr_ = screen() ? screen()->devicePixelRatio() : 1.0;
@@ -49,7 +38,7 @@ MainWindow::MainWindow(Draw draw, QWidget* parent) : QMainWindow(parent), draw_(
     if (!startupError_.isEmpty())
         return;
     QWidget* previous = spinButton_;
-    setTabOrder(bankBox_, spinButton_);
+    setTabOrder(results_->bankBox(), spinButton_);
     for (QWidget* next : betPanel_->tabOrder()) {
         setTabOrder(previous, next);
         previous = next;
@@ -87,35 +76,14 @@ void MainWindow::buildControls()
     });
     buildMenu();
 
-    label(surface_, QStringLiteral("credits paid"), {72, 376, 201, 41}, Qt::AlignHCenter);
-    label(surface_, QStringLiteral("total credits"), {400, 376, 185, 41}, Qt::AlignRight);
-    QLabel* betLabel = label(surface_, QStringLiteral("TOTAL BET"), {56, 456, 121, 33}, Qt::AlignRight);
-    QPalette red = betLabel->palette();
-    red.setColor(QPalette::WindowText, win::kRed);
-    betLabel->setPalette(red);
-    netLabel_ = label(surface_, QStringLiteral("NET GAIN"), {288, 456, 113, 33}, Qt::AlignRight);
-    netLabel_->setObjectName(QStringLiteral("netLabel"));
-
-    paidBox_ = makeTextBox(surface_, QStringLiteral("paidBox"), QStringLiteral("0"), {8, 400, 313, 41}, true);
-    bankBox_ = makeTextBox(surface_, QStringLiteral("bankBox"), QString::fromStdString(Game::newGameBankText()),
-                           {336, 400, 321, 41}, false);
+    results_ = new ResultPanel(surface_);
+    connect(results_, &ResultPanel::flashed, this, &MainWindow::flash);
+    connect(results_, &ResultPanel::presented, this, &MainWindow::endSettlement);
     betPanel_ = new BetPanel(surface_);
     connect(betPanel_, &BetPanel::linesChosen, this, &MainWindow::chooseLines);
     connect(betPanel_, &BetPanel::creditsChosen, this, &MainWindow::chooseCredits);
     connect(betPanel_, &BetPanel::directionsToggled, this, &MainWindow::toggleDirections);
     connect(betPanel_, &BetPanel::betMaxPressed, this, &MainWindow::betMax);
-    netBox_ = makeTextBox(surface_, QStringLiteral("netBox"), QStringLiteral("0"), {232, 480, 209, 41}, true);
-    paidBox_->setAccessibleName(QStringLiteral("credits paid"));
-    bankBox_->setAccessibleName(QStringLiteral("total credits"));
-    netBox_->setAccessibleName(QStringLiteral("net result"));
-
-    rightArrow_ = new QSvgWidget(QStringLiteral("arrow_right.svg"), surface_);
-    rightArrow_->setObjectName(QStringLiteral("rightArrow"));
-    rightArrow_->setGeometry(88, 104, 32, 32);
-    leftArrow_ = new QSvgWidget(QStringLiteral("arrow_left.svg"), surface_);
-    leftArrow_->setObjectName(QStringLiteral("leftArrow"));
-    leftArrow_->setGeometry(680, 104, 33, 33);
-    leftArrow_->hide();
 
     spinButton_ = makeButton(surface_, QStringLiteral("spinButton"), QStringLiteral("SPIN"), 48);
     spinButton_->setGeometry(576, 240, 209, 137);
@@ -143,8 +111,8 @@ void MainWindow::buildMenu()
         connect(a, &QAction::triggered, this, handler);
         return a;
     };
-    timesTenAction_ = item(QStringLiteral("credits times 10"), "Ctrl+A", [this] { timesTen(); });
-    divideAction_ = item(QStringLiteral("credits divided by 10"), "Ctrl+B", [this] { divideByTen(); });
+    timesTenAction_ = item(QStringLiteral("credits times 10"), "Ctrl+A", [this] { scaleCredits(true); });
+    divideAction_ = item(QStringLiteral("credits divided by 10"), "Ctrl+B", [this] { scaleCredits(false); });
     divideAction_->setEnabled(false);
     sessionActions_ = {
         timesTenAction_,
@@ -201,7 +169,8 @@ void MainWindow::stopEverything()
 {
     if (spinner_)
         spinner_->stop();
-    strobe_.stop();
+    if (results_)
+        results_->stop();
     player_.setFileName("");
     audioRest_.stop();
 }

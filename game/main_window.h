@@ -3,12 +3,11 @@
 // The main window: the grid of fifteen reels with the pay lines over it, the
 // bet and result boxes, the betting buttons and the "&file" menu. The game
 // itself (bank, bet, symbols) is a Game, the betting controls a BetPanel,
-// the reels a ReelSpinner; this window wires them together and shows the
-// results.
+// the reels a ReelSpinner, the results a ResultPanel; this window wires them
+// together.
 #include "game/reel_spinner.h"
 #include "platform/sound/media_player.h"
 #include "presentation/segment_pool.h"
-#include "presentation/strobe.h"
 #include "rules/game.h"
 #include "rules/reel_motion.h"
 
@@ -19,11 +18,9 @@
 class BetPanel;
 class CaptionButton;
 class QAction;
-class QLabel;
-class QLineEdit;
 class QMenu;
-class QSvgWidget;
 class ReelSurface;
+class ResultPanel;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -62,8 +59,7 @@ private:
     void chooseCredits(int button);
     void toggleDirections();
     void betMax();
-    void timesTen();
-    void divideByTen();
+    void scaleCredits(bool up);
     void newGame();
     void showPayTable();
 
@@ -72,8 +68,7 @@ private:
     void drawPayLines();
     void setControlsLocked(bool locked);
     void settle();
-    void flash(const Settlement& s);
-    void flashHalf(bool blank);
+    void flash(const CellFlags& cells, bool blank);
     void endSettlement(const Settlement& s);
     void stopEverything();
 
@@ -84,22 +79,13 @@ private:
     Draw draw_;
     Game game_;
     SegmentPool payLines_;
-    Strobe strobe_;
-    CellFlags flashing_{};
     bool spinning_ = false;
-    bool winsLeftToRight_ = false;
-    bool winsRightToLeft_ = false;
 
     ReelSurface* surface_ = nullptr;
     ReelSpinner* spinner_ = nullptr;
     BetPanel* betPanel_ = nullptr;
+    ResultPanel* results_ = nullptr;
     CaptionButton* spinButton_ = nullptr;
-    QLineEdit* paidBox_ = nullptr;
-    QLineEdit* bankBox_ = nullptr;
-    QLineEdit* netBox_ = nullptr;
-    QLabel* netLabel_ = nullptr;
-    QSvgWidget* rightArrow_ = nullptr;
-    QSvgWidget* leftArrow_ = nullptr;
     QMenu* fileMenu_ = nullptr;
     QAction* timesTenAction_ = nullptr;
     QAction* divideAction_ = nullptr;

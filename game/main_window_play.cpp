@@ -1,27 +1,19 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the player does on the main window, and the spin: lock the controls,
-// set the reels rolling until all have stopped, then settle — winning lines, paid credits, the flashes (twice on a
-// jackpot), the refilled bank, the net result — and hand the controls back.
+// set the reels rolling until all have stopped, then settle — the winning
+// lines, then the results panel's paid credits, flashes (twice on a jackpot),
+// bank and net result — and hand the controls back.
 #include "game/main_window.h"
 
 #include "game/bet_panel.h"
 #include "game/reel_surface.h"
+#include "game/result_panel.h"
 #include "platform/caption_button.h"
-#include "platform/window_helpers.h"
 #include "screens/pay_table.h"
 
 #include <QAction>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QSvgWidget>
 
-#include <algorithm>
-#include <cmath>
-
-namespace {
-QString amountText(Currency c) { return QString::fromStdString(c.text()); }
-}
 
 void MainWindow::chooseLines(int button)
 {
@@ -61,18 +53,11 @@ void MainWindow::betMax()
     spinButton_->setFocus();
 }
 
-void MainWindow::timesTen()
+// The credits captions move by a power of ten; each menu item is offered
+// while its way is open.
+void MainWindow::scaleCredits(bool up)
 {
-    if (!game_.timesTen())
-        return;
-    showBet();
-    divideAction_->setEnabled(game_.canDivideByTen());
-    timesTenAction_->setEnabled(game_.canTimesTen());
-}
-
-void MainWindow::divideByTen()
-{
-    if (!game_.dividedByTen())
+    if (!(up ? game_.timesTen() : game_.dividedByTen()))
         return;
     showBet();
     divideAction_->setEnabled(game_.canDivideByTen());
@@ -80,7 +65,7 @@ void MainWindow::divideByTen()
 }
 
 // Only the bank box goes back to 2500; the next settlement reads it.
-void MainWindow::newGame() { bankBox_->setText(QString::fromStdString(Game::newGameBankText())); }
+void MainWindow::newGame() { results_->setBankText(Game::newGameBankText()); }
 
 void MainWindow::showPayTable()
 {
@@ -92,7 +77,7 @@ void MainWindow::showPayTable()
 void MainWindow::showBet()
 {
     betPanel_->show(game_);
-    leftArrow_->setVisible(game_.bothWays());
+    results_->showDirections(game_.bothWays());
 }
 
 void MainWindow::drawPayLines()
@@ -128,64 +113,33 @@ void MainWindow::spin()
     const SpinPlan plan = planSpin(draw_, spinner_->strip().symbolCount());
     payLines_.hideAll();
     surface_->segmentsChanged();
-    flashing_ = {};
     spinner_->spin(plan);
 }
 
+// The winning lines go up at once; the results panel shows the rest in turn.
 void MainWindow::settle()
 {
     game_.setSymbols(spinner_->reels().symbols());
-    const Settlement s = game_.settle(bankBox_->text().toStdString());
-    flashing_ = s.runCells;
+    const Settlement s = game_.settle(results_->bankText());
     payLines_.hideAll();
-    winsLeftToRight_ = s.paysLeftToRight;
-    winsRightToLeft_ = s.paysRightToLeft;
     for (int k : s.shownLines)
         showPayLine(payLines_, k);
     surface_->segmentsChanged();
-
-    paidBox_->setText(s.paid ? amountText(s.totalPaid) : QStringLiteral("0"));
-    if (s.paid)
-        strobe_.run(static_cast<int>(std::count(flashing_.begin(), flashing_.end(), true)),
-                    [this](bool blank) { flashHalf(blank); }, [this, s] { flash(s); });
-    else
-        flash(s);
+    results_->present(s);
 }
 
-// After the winning runs have flashed, a jackpot flashes every cell.
-void MainWindow::flash(const Settlement& s)
+void MainWindow::flash(const CellFlags& cells, bool blank)
 {
-    if (!s.jackpot) {
-        endSettlement(s);
-        return;
-    }
-    flashing_.fill(true);
-    strobe_.run(kCells, [this](bool blank) { flashHalf(blank); }, [this, s] { endSettlement(s); });
-}
-
-// The direction arrows of the win blink in step with the cells.
-void MainWindow::flashHalf(bool blank)
-{
-    if (winsLeftToRight_)
-        rightArrow_->setHidden(!rightArrow_->isHidden());
-    if (winsRightToLeft_)
-        leftArrow_->setHidden(!leftArrow_->isHidden());
     if (!blank)
         beep();
     for (int i = 0; i < kCells; ++i)
-        if (flashing_[static_cast<std::size_t>(i)])
+        if (cells[static_cast<std::size_t>(i)])
             spinner_->showCell(i, blank);
 }
 
 void MainWindow::endSettlement(const Settlement& s)
 {
     game_.endSettlement(s);
-    bankBox_->setText(amountText(s.bank));
-    netBox_->setText(amountText(s.net));
-    QPalette p = netBox_->palette();
-    p.setColor(QPalette::Text, s.netLoss ? win::kRed : QColor(Qt::black));
-    netBox_->setPalette(p);
-    netLabel_->setText(s.netLoss ? QStringLiteral("NET LOSS") : QStringLiteral("NET GAIN"));
     setControlsLocked(false);
     spinButton_->setFocus();
     emit settled();
