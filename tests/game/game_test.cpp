@@ -197,6 +197,8 @@ private slots:
         QCOMPARE(reels.picture(0), 36);  // 41 rests on 36
         QCOMPARE(reels.picture(1), 0);
         QCOMPARE(reels.symbols()[2], 3);
+        reels.start(plan);
+        QVERIFY(!reels.pass());  // the next spin sets every reel rolling again
     }
 };
 

@@ -214,6 +214,8 @@ private slots:
         QTest::mouseClick(child(*w, "betMaxButton"), Qt::LeftButton);
         QTest::keyClick(child(*w, "spinButton"), Qt::Key_Return);
         QTest::qWait(50);
+        // A rolling picture fills its cell in device pixels.
+        QCOMPARE(child<ReelSurface>(*w, {})->cellPicture(0)->size(), (QSizeF(73, 73) * w->devicePixelRatioF()).toSize());
         QCOMPARE(w->game().lines(), 1);
         QCOMPARE(w->game().creditScale(), 0);
         QCOMPARE(w->game().creditsPerLine(), Currency::fromWhole(1));
