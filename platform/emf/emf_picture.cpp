@@ -34,6 +34,35 @@ void paintBitmap(QPainter& painter, const emf::DrawOp& op)
     painter.restore();
 }
 
+// A one-pixel pen lights whole pixels of the device it draws on: each point
+// lands on the pixel its place rounds to, so a hairline is one crisp pixel
+// wide in its own colour instead of a pale smear across two.
+void paintHairline(QPainter& painter, const QPainterPath& path, QPen pen)
+{
+    bool invertible = false;
+    const QTransform toDevice = painter.deviceTransform();
+    // What is left of the painter's own mapping once the picture's part is
+    // undone (the screen's pixel ratio), so device pixels can be drawn.
+    const QTransform fromDevice = toDevice.inverted(&invertible) * painter.worldTransform();
+    if (!invertible) {
+        painter.setPen(pen);
+        painter.drawPath(path);
+        return;
+    }
+    QPainterPath snapped = toDevice.map(path);
+    for (int i = 0; i < snapped.elementCount(); ++i) {
+        const QPainterPath::Element e = snapped.elementAt(i);
+        snapped.setElementPositionAt(i, std::round(e.x) + 0.5, std::round(e.y) + 0.5);
+    }
+    pen.setWidthF(1);
+    painter.save();
+    painter.setWorldTransform(fromDevice);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(pen);
+    painter.drawPath(snapped);
+    painter.restore();
+}
+
 }  // namespace
 
 struct EmfPicture::Data : emf::PictureData {
@@ -140,7 +169,15 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
         } else {
             painter.setPen(Qt::NoPen);
         }
-        painter.drawPath(op.path);
+        if (op.stroked && op.stroke.width == 0) {
+            const QPen pen = painter.pen();
+            painter.setPen(Qt::NoPen);
+            if (op.filled)
+                painter.drawPath(op.path);
+            paintHairline(painter, op.path, pen);
+        } else {
+            painter.drawPath(op.path);
+        }
         if (op.clipped)
             painter.restore();
     }

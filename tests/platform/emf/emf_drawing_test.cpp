@@ -414,6 +414,10 @@ private slots:
         const QImage one = renderNatural(*hairlines, 73, 73);
         QVERIFY(oneDevicePixel(columnInk(one, 9) + columnInk(one, 10), 40));
         QVERIFY(oneDevicePixel(columnInk(one, 39) + columnInk(one, 40), 40));
+        // The one-pixel pen lights whole pixels in its own colour, not a
+        // pale pair of columns either side of its place.
+        QCOMPARE(one.pixel(10, 40), qRgb(0, 0, 0));
+        QCOMPARE(one.pixel(9, 40), qRgb(255, 255, 255));
         const QImage two = renderNatural(*hairlines, 73, 73, 2);
         QVERIFY(oneDevicePixel(columnInk(two, 19) + columnInk(two, 20) + columnInk(two, 21), 80));
         QVERIFY(oneDevicePixel(columnInk(two, 79) + columnInk(two, 80) + columnInk(two, 81), 80));
