@@ -4,6 +4,7 @@
 // betting controls and the menu, and what it starts up with.
 #include "game/reel_surface.h"
 #include "platform/caption_button.h"
+#include "platform/window_helpers.h"
 #include "tests/support/game_fixture.h"
 #include "winners/closing_screen.h"
 
@@ -73,6 +74,9 @@ private slots:
         };
         for (const auto& [name, place] : places)
             QCOMPARE(child(*w, name)->geometry(), place);
+        // The result boxes only show; the bank box takes what the player types.
+        QVERIFY(child<QLineEdit>(*w, "paidBox")->isReadOnly() && !child<QLineEdit>(*w, "bankBox")->isReadOnly());
+        QCOMPARE(child(*w, "bankBox")->font(), win::courierBold(18));
         QCOMPARE(text(*w, "paidBox"), QString("0"));
         QCOMPARE(text(*w, "bankBox"), QString("2500"));
         QCOMPARE(text(*w, "betBox"), QString("1"));
@@ -197,6 +201,9 @@ private slots:
         QCOMPARE(text(*w, "betBox"), QString("180"));
         QCOMPARE(lineButton(*w, 4)->face(), QColor(255, 255, 0));
         QCOMPARE(creditButton(*w, 9)->face(), QColor(255, 255, 0));
+        QVERIFY(!child(*w, "spinButton")->isEnabled());
+        QVERIFY(fixture::waitSettled(*w));
+        QTest::mouseClick(child(*w, "spinButton"), Qt::LeftButton);  // and the next spin
         QVERIFY(!child(*w, "spinButton")->isEnabled());
         QVERIFY(fixture::waitSettled(*w));
     }

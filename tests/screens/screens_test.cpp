@@ -60,6 +60,7 @@ private slots:
         QCOMPARE(splash->findChild<QLabel*>("titleLabel")->text(), QString("reelmoor"));
         QCOMPARE(splash->findChild<QLabel*>("versionLabel")->text(), QString("Version 1.0.1"));
         QCOMPARE(splash->size(), QSize(452, 423));
+        QCOMPARE(splash->grab().toImage().pixelColor(130, 145), QColor(Qt::white));  // a card of its picture
         QTRY_VERIFY_WITH_TIMEOUT(splash.isNull(), 5000);
     }
 
