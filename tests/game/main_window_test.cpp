@@ -89,6 +89,7 @@ private slots:
         QCOMPARE(lineButton(*w, 0)->face(), QColor(255, 255, 0));
         QCOMPARE(creditButton(*w, 0)->face(), QColor(255, 255, 0));
         QCOMPARE(creditButton(*w, 9)->face(), QColor(224, 224, 224));
+        QCOMPARE(lineButton(*w, 0)->grab().toImage().pixelColor(2, 30).hue(), 60);  // yellow on the screen too
         QCOMPARE(w->focusWidget(), child(*w, "spinButton"));
         QVERIFY(!action(*w, "credits divided by 10")->isEnabled());
         QCOMPARE(action(*w, "NEW GAME")->shortcut(), QKeySequence("Ctrl+N"));
