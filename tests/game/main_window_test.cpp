@@ -219,6 +219,7 @@ private slots:
     {
         pacing().timerScale = 1;  // the reels roll two seconds at least
         auto w = fixture::open("all");
+        const QSize size = w->size();
         QTest::keyClick(child(*w, "spinButton"), Qt::Key_Space);
         QTest::keyClick(w.get(), Qt::Key_A, Qt::ControlModifier);
         QTest::mouseClick(lineButton(*w, 2), Qt::LeftButton);
@@ -226,7 +227,9 @@ private slots:
         QTest::mouseClick(child(*w, "betMaxButton"), Qt::LeftButton);
         QTest::keyClick(child(*w, "spinButton"), Qt::Key_Return);
         QTest::qWait(50);
+        QCOMPARE(w->size(), size);  // the window keeps its size while the menu is hidden
         // A rolling picture fills its cell in device pixels.
+        QTRY_VERIFY(w->reels().picture(0) % 12 != 0);
         QCOMPARE(child<ReelSurface>(*w, {})->cellPicture(0)->size(), (QSizeF(73, 73) * w->devicePixelRatioF()).toSize());
         QCOMPARE(w->game().lines(), 1);
         QCOMPARE(w->game().creditScale(), 0);
