@@ -14,7 +14,6 @@
 #include <QAction>
 #include <QMenu>
 
-
 void MainWindow::chooseLines(int button)
 {
     game_.chooseLines(button);
