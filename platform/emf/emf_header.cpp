@@ -6,51 +6,18 @@
 
 namespace emf {
 
-namespace {
-
-constexpr std::uint64_t kBaseHeader = U_SIZE_EMRHEADER_MIN;               // 88
-constexpr std::uint64_t kWithPixelFormat = kBaseHeader + 12;               // 100
-constexpr std::uint64_t kWithMicrometres = kWithPixelFormat + 8;           // 108
-
-// A block of `count` bytes at `offset` lies after the fixed fields and
-// inside the header record.
-bool blockInside(std::uint64_t offset, std::uint64_t count, std::uint64_t fixedEnd,
-                 std::uint64_t size)
-{
-    return count == 0 || (offset >= fixedEnd && offset + count <= size);
-}
-
-}  // namespace
-
 std::optional<HeaderInfo> checkHeader(const char* rec, std::uint64_t size)
 {
-    if (size < kBaseHeader)
+    // Only the base fields every header has are read. The description and
+    // the pixel format (after the base fields, where the header's offsets
+    // say) play no part in drawing, so damage there does not stop a picture
+    // from loading, as it does not on Windows.
+    if (size < U_SIZE_EMRHEADER_MIN)
         return std::nullopt;
     U_EMRHEADER h{};
-    std::memcpy(&h, rec, kBaseHeader);
+    std::memcpy(&h, rec, U_SIZE_EMRHEADER_MIN);
     if (h.dSignature != U_ENHMETA_SIGNATURE)
         return std::nullopt;
-
-    // The fixed fields end where the record ends or the description begins,
-    // whichever comes first; the optional fields exist only below that.
-    std::uint64_t fixedEnd = size;
-    if (h.nDescription != 0 && h.offDescription < fixedEnd)
-        fixedEnd = h.offDescription;
-    if (fixedEnd >= kWithMicrometres)
-        fixedEnd = kWithMicrometres;
-    else if (fixedEnd >= kWithPixelFormat)
-        fixedEnd = kWithPixelFormat;
-    else
-        fixedEnd = kBaseHeader;
-
-    if (!blockInside(h.offDescription, 2ull * h.nDescription, kBaseHeader, size))
-        return std::nullopt;
-    if (fixedEnd >= kWithPixelFormat) {
-        const std::uint64_t cb = readU32(rec, offsetof(U_EMRHEADER, cbPixelFormat));
-        const std::uint64_t off = readU32(rec, offsetof(U_EMRHEADER, offPixelFormat));
-        if (!blockInside(off, cb, fixedEnd, size))
-            return std::nullopt;
-    }
 
     // A picture needs a frame with an area and a reference device with a
     // size; the frame is at most about ten metres wide.

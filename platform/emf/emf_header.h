@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
-// The metafile header: its size tells which optional fields it has (88 bytes
-// for the oldest files, 100 with the pixel format, 108 with micrometres), and
-// the description and pixel format lie where the header's own offsets say.
+// The metafile header: 88 bytes of base fields in the oldest files, more
+// (pixel format, micrometres, description) in newer ones.
 #include "platform/emf/emf_record_check.h"
 
 #include <cstdint>

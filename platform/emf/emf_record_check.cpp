@@ -169,6 +169,15 @@ bool countsFit(std::uint32_t type, const char* rec, std::uint64_t size)
     }
 }
 
+bool soundRecord(std::uint32_t type, const char* rec, std::uint64_t size)
+{
+    if (type == 0 || type == U_EMR_HEADER || type > kLastRecordType)
+        return false;
+    if (size < fixedSize(type) || !countsFit(type, rec, size))
+        return false;
+    return libraryLeavesUnchecked(type) || U_emf_record_safe(rec) != 0;
+}
+
 }  // namespace
 
 std::optional<CheckedMetafile> checkMetafile(const char* data, std::size_t size)
@@ -183,41 +192,32 @@ std::optional<CheckedMetafile> checkMetafile(const char* data, std::size_t size)
     auto header = checkHeader(data, headerSize);
     if (!header)
         return std::nullopt;
-    // The header states the metafile's length; bytes after it are ignored,
-    // a length beyond the data means the file was cut short.
+    // The header states the metafile's length, in whole words; bytes after
+    // it are ignored, and a length beyond the data means the file was cut
+    // short: such a file cannot be loaded at all.
     const std::uint64_t total = readU32(data, offsetof(U_EMRHEADER, nBytes));
-    if (total > size || total < headerSize)
+    if (total % 4 != 0 || total > size || total < headerSize)
         return std::nullopt;
 
+    // Past the header the records are played as Windows plays them: one
+    // it does not know, or whose fields do not fit it, is passed over; one
+    // whose size breaks the chain of records ends the picture there.
     CheckedMetafile out;
     out.header = *header;
-    std::uint64_t at = 0;
-    bool ended = false;
-    while (at < total) {  // every pass moves on by at least 8 bytes
-        if (total - at < 8)
-            return std::nullopt;
+    out.records.push_back({U_EMR_HEADER, 0, std::uint32_t(headerSize)});
+    std::uint64_t at = headerSize;
+    while (total - at >= 8) {  // every pass moves on by at least 8 bytes
         const char* rec = data + at;
         const std::uint32_t type = readU32(rec, 0);
         const std::uint64_t recSize = readU32(rec, 4);
         if (recSize < 8 || recSize % 4 != 0 || recSize > total - at)
-            return std::nullopt;
-        if (type == 0 || type > kLastRecordType)
-            return std::nullopt;
-        if ((type == U_EMR_HEADER) != (at == 0))
-            return std::nullopt;
-        if (recSize < fixedSize(type) || !countsFit(type, rec, recSize))
-            return std::nullopt;
-        if (!libraryLeavesUnchecked(type) && U_emf_record_safe(rec) == 0)
-            return std::nullopt;
-        out.records.push_back({type, std::size_t(at), std::uint32_t(recSize)});
-        at += recSize;
-        if (type == U_EMR_EOF) {
-            ended = true;
             break;
-        }
+        if (soundRecord(type, rec, recSize))
+            out.records.push_back({type, std::size_t(at), std::uint32_t(recSize)});
+        at += recSize;
+        if (type == U_EMR_EOF)
+            break;
     }
-    if (!ended || at != total)
-        return std::nullopt;
     return out;
 }
 

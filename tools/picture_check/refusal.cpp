@@ -37,7 +37,7 @@ QString whyRefused(const QByteArray& bytes, bool readable)
         return QStringLiteral("the file is cut short: its header promises %1 bytes, it holds %2")
             .arg(stated)
             .arg(bytes.size());
-    return QStringLiteral("its header or one of its records is damaged");
+    return QStringLiteral("its header is damaged");
 }
 
 }  // namespace picture_check
