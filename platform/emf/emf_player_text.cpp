@@ -22,6 +22,18 @@ constexpr std::size_t kMaxGlyphs = 200000;
 // the device.
 constexpr double kDefaultFontPixels = 12;
 
+// When no installed face has a character of its script, Qt stands in solid
+// squares, one per shaped glyph, each a font's height less three pixels and
+// topped at the font's height; drawn, a line of such text is one black bar.
+// The face's own missing-glyph box, hollow, is what other programs show.
+bool isStandInSquare(const QPainterPath& glyph)
+{
+    const QRectF box = glyph.boundingRect();
+    return glyph.elementCount() > 0 && glyph.elementCount() % 5 == 0 &&
+           std::abs(box.top() + kDesignPixels) < 0.01 &&
+           std::abs(box.height() - (kDesignPixels - 3)) < 0.01;
+}
+
 bool withinReach(const QPainterPath& path)
 {
     const QRectF box = path.controlPointRect();
@@ -154,6 +166,10 @@ void Player::drawText(const TextRun& run)
         } else {  // a character the face lacks: Qt finds another face
             glyph.addText(0, 0, font.font, QString(text[i]));
             advance = QFontMetricsF(font.font).horizontalAdvance(text[i]);
+            if (isStandInSquare(glyph) && font.raw.isValid()) {
+                glyph = font.raw.pathForGlyph(0);
+                advance = font.raw.advancesForGlyphIndexes(QList<quint32>{0}).value(0).x();
+            }
         }
         outline.addPath(glyphScale.map(glyph).translated(pen));
         if (std::size_t(i) < run.advances.size())

@@ -11,11 +11,6 @@
 
 namespace {
 
-U_POINTL P(int x, int y)
-{
-    return point32_set(x, y);
-}
-
 void worldTransform(EmfWriter& emf, double sx, double sy, double dx, double dy)
 {
     emf.add(U_EMRSETWORLDTRANSFORM_set(xform_set(float(sx), 0, 0, float(sy), float(dx), float(dy))));
@@ -294,14 +289,13 @@ private slots:
         const auto picture = EmfPicture::fromBytes(writeEmf(73, 73, c.draw));
         QVERIFY(picture);
         const Ink ink = inkOf(renderNatural(*picture, 73, 73));
-                QVERIFY2(std::abs(ink.area - c.area) <= std::max(3.0, c.area * c.slack),
+        QVERIFY2(std::abs(ink.area - c.area) <= std::max(3.0, c.area * c.slack),
                  qPrintable(QString("area %1, expected %2").arg(ink.area).arg(c.area)));
         QVERIFY2(std::abs(ink.box.left() - c.box.left()) <= 1 &&
                      std::abs(ink.box.top() - c.box.top()) <= 1 &&
                      std::abs(ink.box.right() + 1 - c.box.right()) <= 1 &&
                      std::abs(ink.box.bottom() + 1 - c.box.bottom()) <= 1,
-                 qPrintable(QString("box %1,%2 %3x%4").arg(ink.box.x()).arg(ink.box.y())
-                                .arg(ink.box.width()).arg(ink.box.height())));
+                 qPrintable("box " + QDebug::toString(ink.box)));
     }
 
     void fillModes()

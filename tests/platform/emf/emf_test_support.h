@@ -15,6 +15,8 @@
 
 using Drawing = std::function<void(EmfWriter&)>;
 
+inline U_POINTL P(int x, int y) { return point32_set(x, y); }
+
 // Writes a picture of width x height pixels at 96 dpi with `draw`, returns its bytes.
 QByteArray writeEmf(int width, int height, const Drawing& draw);
 // The same with a header of our choosing.
