@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_header.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 
@@ -34,7 +36,27 @@ std::optional<HeaderInfo> checkHeader(const char* rec, std::uint64_t size)
     info.bounds = h.rclBounds;
     info.frame = h.rclFrame;
     info.device = h.szlDevice;
-    info.millimeters = h.szlMillimeters;
+    info.millimetresX = h.szlMillimeters.cx;
+    info.millimetresY = h.szlMillimeters.cy;
+    // Headers of 108 bytes and more give the device's size in micrometres
+    // too, unless the description starts sooner. Windows maps frames through
+    // the whole millimetres, so they stay the measure; but for a small device
+    // (a program that makes the picture its own device writes 3 for 3.65 mm)
+    // they are far off, and there the micrometres, within the millimetre
+    // the header gives, are taken.
+    const std::uint64_t fields = h.nDescription > 0 ? std::min<std::uint64_t>(size, h.offDescription) : size;
+    if (fields >= U_SIZE_EMRHEADER_MIN + 20) {
+        U_SIZEL micrometres{};
+        std::memcpy(&micrometres, rec + offsetof(U_EMRHEADER, szlMicrometers), sizeof micrometres);
+        const auto finer = [](std::int32_t um, std::int32_t mm) {
+            const double off = um / 1000.0 - mm;
+            return std::abs(off) < 1 && std::abs(off) > mm * 0.01;
+        };
+        if (finer(micrometres.cx, h.szlMillimeters.cx) && finer(micrometres.cy, h.szlMillimeters.cy)) {
+            info.millimetresX = micrometres.cx / 1000.0;
+            info.millimetresY = micrometres.cy / 1000.0;
+        }
+    }
     info.handles = h.nHandles == 0 ? 1 : h.nHandles;
     return info;
 }

@@ -26,10 +26,10 @@ Player::Player(const char* data, const CheckedMetafile& mf)
     : data_(data), objects_(mf.header.handles)
 {
     const HeaderInfo& h = mf.header;
-    device_.pixelsPerMmX = double(h.device.cx) / h.millimeters.cx;
-    device_.pixelsPerMmY = double(h.device.cy) / h.millimeters.cy;
+    device_.pixelsPerMmX = h.device.cx / h.millimetresX;
+    device_.pixelsPerMmY = h.device.cy / h.millimetresY;
     device_.pixels = QSizeF(h.device.cx, h.device.cy);
-    device_.millimetres = QSizeF(h.millimeters.cx, h.millimeters.cy);
+    device_.millimetres = QSizeF(h.millimetresX, h.millimetresY);
     const QPointF topLeft(h.frame.left / 100.0 * device_.pixelsPerMmX,
                           h.frame.top / 100.0 * device_.pixelsPerMmY);
     const QPointF bottomRight(h.frame.right / 100.0 * device_.pixelsPerMmX,

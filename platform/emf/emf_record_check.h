@@ -22,7 +22,8 @@ struct HeaderInfo {
     U_RECTL bounds{};
     U_RECTL frame{};        // 0.01 mm
     U_SIZEL device{};       // reference device, pixels
-    U_SIZEL millimeters{};  // reference device, millimetres
+    double millimetresX = 0;  // reference device, to the micrometre where the
+    double millimetresY = 0;  // header says
     std::uint32_t handles = 1;
 };
 

@@ -377,6 +377,16 @@ private slots:
         QVERIFY(std::abs(ink.area - 400) < 5);
         QVERIFY(ink.box.left() <= 1 && ink.box.top() <= 1);
 
+        // 14 pixels on 3.65 mm, 3 in whole millimetres: the micrometres hold.
+        QByteArray own = writeEmf({0, 0, 13, 13}, {0, 0, 365, 365}, {14, 14}, {3, 3}, [](EmfWriter& e) {
+            blackFill(e);
+            e.rectangle({0, 0, 14, 14});
+        });
+        const qint32 micrometres[] = {3650, 3650};
+        own.replace(offsetof(U_EMRHEADER, szlMicrometers), 8, reinterpret_cast<const char*>(micrometres), 8);
+        QCOMPARE(inkOf(renderInto(*EmfPicture::fromBytes(own), {73, 73}, QRectF(0, 0, 73, 73))).box,
+                 QRect(0, 0, 73, 73));
+
         // What a file draws beyond its frame stays off the buffer around
         // the target, even where the painter itself could show it.
         const auto spill = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter& e) {
