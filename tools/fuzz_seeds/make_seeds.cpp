@@ -8,6 +8,7 @@
 #include "tools/pictures/emf_writer.h"
 #include "winners/winners_file.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -166,6 +167,7 @@ bool text(const fs::path& path)
     e.text(P(0, 0), u"\uF06C\uF0FC", U_ETO_NO_RECT);
     e.add(U_EMRSETTEXTALIGN_set(U_TA_TOP));
     e.text(P(2, 40), u"\x22\x33", U_ETO_GLYPH_INDEX | U_ETO_PDY, {0, 0, -1, -1}, {5, 1, 5, 1});
+    e.text(P(2, 50), u"\u09AC\u09BE");  // a script few machines have a face for
     e.add(U_EMRBEGINPATH_set());
     e.text(P(2, 2), u"path");
     e.add(U_EMRENDPATH_set());
@@ -182,6 +184,23 @@ bool text(const fs::path& path)
     }
     e.add(polyTextOut());
     return e.finish();
+}
+
+// A picture that is its own small device: 3 whole millimetres, 3.65 to the
+// micrometre.
+bool smallDevice(const fs::path& path)
+{
+    {
+        EmfWriter e(path.string(), {0, 0, 13, 13}, {0, 0, 365, 365}, {14, 14}, {3, 3});
+        e.rectangle({0, 0, 14, 14});
+        if (!e.finish())
+            return false;
+    }
+    std::fstream f(path, std::ios::binary | std::ios::in | std::ios::out);
+    const int32_t micrometres[] = {3650, 3650};
+    f.seekp(offsetof(U_EMRHEADER, szlMicrometers));
+    f.write(reinterpret_cast<const char*>(micrometres), sizeof micrometres);
+    return bool(f);
 }
 
 // A copy of `from` whose header has only the 88 bytes of the oldest files,
@@ -423,7 +442,8 @@ int main(int argc, char** argv)
     bool ok = shapes(pictures / "shapes.emf") && mappings(pictures / "mappings.emf")
         && paths(pictures / "paths.emf") && bitmaps(pictures / "bitmaps.emf")
         && plusRecords(pictures / "plus_records.emf");
-    ok = ok && text(pictures / "text.emf") && oldHeader(pictures / "text.emf", pictures / "old_header.emf");
+    ok = ok && text(pictures / "text.emf") && oldHeader(pictures / "text.emf", pictures / "old_header.emf")
+        && smallDevice(pictures / "small_device.emf");
     for (const char* asset : {"0.emf", "25.emf", "48.emf", "splash.emf"})
         ok = ok && fs::copy_file(assets / asset, pictures / asset, fs::copy_options::overwrite_existing);
     ok = ok && winnersSeeds(corpus / "fuzz_winners") && bankSeeds(corpus / "fuzz_bank");
