@@ -10,7 +10,7 @@ namespace emf {
 
 std::optional<HeaderInfo> checkHeader(const char* rec, std::uint64_t size)
 {
-    // Only the base fields every header has are read. The description and
+    // Only the base fields every header has are checked. The description and
     // the pixel format (after the base fields, where the header's offsets
     // say) play no part in drawing, so damage there does not stop a picture
     // from loading, as it does not on Windows.
