@@ -50,6 +50,7 @@ struct DeviceContext {
     PenObject pen;
     BrushObject brush;
     bool windingFill = false;  // the default fill mode is alternate (odd-even)
+    std::uint32_t mix = 13;    // how pen and brush meet the drawing: COPYPEN
     bool clockwiseArcs = false;
     double miterLimit = 10;
 

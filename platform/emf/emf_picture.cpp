@@ -157,6 +157,10 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
             continue;
         }
         painter.setCompositionMode(op.composition);
+        // Bitwise mixes work on whole pixels, as on the screen the file was
+        // made for: a smoothed edge would be mixed in full, and two shapes
+        // sharing an edge would both mix it.
+        painter.setRenderHint(QPainter::Antialiasing, op.composition < QPainter::RasterOp_SourceOrDestination);
         painter.setBrush(op.filled ? op.brush : QBrush(Qt::NoBrush));
         if (op.stroked) {
             QPen pen(op.stroke.color);

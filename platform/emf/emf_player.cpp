@@ -2,6 +2,7 @@
 #include "platform/emf/emf_player.h"
 
 #include "platform/emf/emf_playback.h"
+#include "platform/emf/emf_raster_op.h"
 
 #include <algorithm>
 #include <cmath>
@@ -109,7 +110,7 @@ void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
         worldRecord(type, rec);
         return;
     case U_EMR_SAVEDC: case U_EMR_RESTOREDC: case U_EMR_SETPOLYFILLMODE:
-    case U_EMR_SETARCDIRECTION: case U_EMR_SETMITERLIMIT: case U_EMR_MOVETOEX:
+    case U_EMR_SETARCDIRECTION: case U_EMR_SETMITERLIMIT: case U_EMR_MOVETOEX: case U_EMR_SETROP2:
         stateRecord(type, rec);
         return;
     case U_EMR_BITBLT: case U_EMR_STRETCHBLT: case U_EMR_MASKBLT: case U_EMR_SETDIBITSTODEVICE:
@@ -163,7 +164,7 @@ void Player::addOp(QPainterPath path, bool fill, bool stroke)
     DrawOp op;
     op.filled = fill && dc_.brush.visible;
     op.stroked = stroke && dc_.pen.visible;
-    if (!op.filled && !op.stroked)
+    if ((!op.filled && !op.stroked) || dc_.mix == U_R2_NOP)
         return;
     path.setFillRule(dc_.windingFill ? Qt::WindingFill : Qt::OddEvenFill);
     op.path = std::move(path);
@@ -178,6 +179,14 @@ void Player::addOp(QPainterPath path, bool fill, bool stroke)
         op.stroke.join = dc_.pen.join;
         op.stroke.miterLimit = dc_.miterLimit;
     }
+    // The mix: black or white whatever the colours, or a bitwise
+    // combination with what is drawn (XOR draws, and a second XOR undoes).
+    if (dc_.mix == U_R2_BLACK || dc_.mix == U_R2_WHITE) {
+        const QColor constant = dc_.mix == U_R2_BLACK ? Qt::black : Qt::white;
+        op.brush = QBrush(constant);
+        op.stroke.color = constant;
+    }
+    op.composition = mixComposition(dc_.mix);
     op.clipped = dc_.clipped;
     if (op.clipped)
         op.clip = dc_.clip;

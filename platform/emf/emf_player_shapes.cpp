@@ -138,8 +138,21 @@ void Player::boxRecord(std::uint32_t type, const char* rec)
 {
     const QRectF box = boxRect(rec, 8);
     QPainterPath logical;
+    const QTransform t = toDevice();
     switch (type) {
     case U_EMR_RECTANGLE:
+        // An outlined rectangle leaves out its right and bottom edges: its
+        // outline runs along the last pixels inside, so a border drawn on
+        // the picture's frame stays within it.
+        if (!inPath_ && dc_.pen.visible && t.m12() == 0 && t.m21() == 0) {
+            QRectF device = t.mapRect(box).normalized();
+            if (device.width() > 1 && device.height() > 1)
+                device.adjust(0, 0, -1, -1);
+            QPainterPath path;
+            path.addRect(device);
+            shape(path, true, true);
+            return;
+        }
         logical.addRect(box);
         break;
     case U_EMR_ELLIPSE:
@@ -154,7 +167,7 @@ void Player::boxRecord(std::uint32_t type, const char* rec)
     default:
         return;
     }
-    shape(toDevice().map(logical), true, true);
+    shape(t.map(logical), true, true);
 }
 
 void Player::arcRecord(std::uint32_t type, const char* rec)

@@ -189,6 +189,12 @@ void Player::stateRecord(std::uint32_t type, const char* rec)
             dc_.miterLimit = limit;
         return;
     }
+    case U_EMR_SETROP2: {
+        const std::uint32_t mix = readU32(rec, 8);
+        if (mix >= U_R2_BLACK && mix <= U_R2_WHITE)
+            dc_.mix = mix;
+        return;
+    }
     case U_EMR_MOVETOEX:
         dc_.position = toDevice().map(QPointF(readI32(rec, 8), readI32(rec, 12)));
         figureOpen_ = false;

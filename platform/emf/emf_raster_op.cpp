@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_raster_op.h"
 
+#include <uemf.h>
+
 #include <array>
 
 namespace emf {
@@ -109,6 +111,26 @@ std::vector<RasterLayer> rasterLayers(const QImage& source, QRgb pattern, std::u
         out.push_back({image, modes[layer]});
     }
     return out;
+}
+
+QPainter::CompositionMode mixComposition(std::uint32_t mix)
+{
+    using M = QPainter::CompositionMode;
+    switch (mix) {
+    case U_R2_NOTMERGEPEN: return M::RasterOp_NotSourceAndNotDestination;
+    case U_R2_MASKNOTPEN: return M::RasterOp_NotSourceAndDestination;
+    case U_R2_NOTCOPYPEN: return M::RasterOp_NotSource;
+    case U_R2_MASKPENNOT: return M::RasterOp_SourceAndNotDestination;
+    case U_R2_NOT: return M::RasterOp_NotDestination;
+    case U_R2_XORPEN: return M::RasterOp_SourceXorDestination;
+    case U_R2_NOTMASKPEN: return M::RasterOp_NotSourceOrNotDestination;
+    case U_R2_MASKPEN: return M::RasterOp_SourceAndDestination;
+    case U_R2_NOTXORPEN: return M::RasterOp_NotSourceXorDestination;
+    case U_R2_MERGENOTPEN: return M::RasterOp_NotSourceOrDestination;
+    case U_R2_MERGEPENNOT: return M::RasterOp_SourceOrNotDestination;
+    case U_R2_MERGEPEN: return M::RasterOp_SourceOrDestination;
+    default: return M::CompositionMode_SourceOver;
+    }
 }
 
 }  // namespace emf

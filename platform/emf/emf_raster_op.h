@@ -36,4 +36,9 @@ constexpr bool ropUsesSource(std::uint8_t index) { return ((index >> 2) & 0x33) 
 std::vector<RasterLayer> rasterLayers(const QImage& source, QRgb pattern, std::uint8_t index,
                                       const QImage* mask = nullptr, std::uint8_t backIndex = 0);
 
+// How a shape's pen and brush combine with the drawing under SetROP2's
+// mix: the bitwise mixes as raster composition modes, COPYPEN (and the
+// constant mixes, whose colour the caller sets) as plain painting.
+QPainter::CompositionMode mixComposition(std::uint32_t mix);
+
 }  // namespace emf

@@ -85,6 +85,10 @@ bool shapes(const fs::path& path)
     const std::vector<U_POINTL> lines{P(1, 1), P(63, 1), P(1, 63), P(63, 63)};
     const uint32_t counts[] = {2, 2};
     e.add(U_EMRPOLYPOLYLINE_set(boundsOf(lines), 2, counts, uint32_t(lines.size()), lines.data()));
+    for (uint32_t mix : {uint32_t(U_R2_XORPEN), uint32_t(U_R2_NOT), uint32_t(U_R2_BLACK), uint32_t(U_R2_NOP), 0u}) {
+        e.add(U_EMRSETROP2_set(mix));
+        e.ellipse({10, 10, 54, 54});
+    }
     return e.finish();
 }
 

@@ -254,6 +254,30 @@ private slots:
         QTest::newRow("green transparent")
             << Draw([=](EmfWriter& e) { e.add(blt(U_EMR_TRANSPARENTBLT, &redGreen, 2, 1, 0x00ff00)); })
             << quadrants(R, W, R, W);
+        // Mixes: red XORed in, a black mask over the left half, red XORed
+        // again leaves red under the mask only; NOT inverts what is there.
+        auto mixed = [](std::uint32_t mix, const Draw& under) {
+            return Draw([=](EmfWriter& e) {
+                e.select(e.brush(U_BS_SOLID, rgb(255, 0, 0)));
+                e.select(U_NULL_PEN);
+                under(e);
+                e.add(U_EMRSETROP2_set(mix));
+                e.rectangle({0, 0, 41, 41});
+            });
+        };
+        QTest::newRow("masked between two XORs") << mixed(U_R2_XORPEN, [=](EmfWriter& e) {
+            mixed(U_R2_XORPEN, [](EmfWriter&) {})(e);
+            e.add(U_EMRSETROP2_set(U_R2_COPYPEN));
+            e.select(U_BLACK_BRUSH);
+            e.rectangle({0, 0, 21, 41});
+            e.select(e.brush(U_BS_SOLID, rgb(255, 0, 0)));
+        }) << quadrants(R, W, R, W);
+        QTest::newRow("inverting mix") << mixed(U_R2_NOT, [](EmfWriter& e) { e.rectangle({0, 0, 21, 41}); })
+                                       << quadrants(C, K, C, K);
+        QTest::newRow("outline inside its rectangle") << Draw([](EmfWriter& e) {
+            e.select(U_NULL_BRUSH);
+            e.rectangle({0, 0, 40, 40});
+        }) << std::vector<Expect>{{{0, 20}, K}, {{39, 20}, K}, {{20, 39}, K}, {{38, 20}, W}};
     }
     void fills()
     {
