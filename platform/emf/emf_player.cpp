@@ -190,6 +190,15 @@ void Player::addOp(QPainterPath path, bool fill, bool stroke)
     op.clipped = dc_.clipped;
     if (op.clipped)
         op.clip = dc_.clip;
+    // A hatched brush on an opaque background fills the gaps between its
+    // lines with the background colour.
+    const Qt::BrushStyle style = op.brush.style();
+    if (op.filled && dc_.opaqueBackground && style >= Qt::HorPattern && style <= Qt::DiagCrossPattern) {
+        DrawOp background = op;
+        background.brush = QBrush(dc_.backgroundColor);
+        background.stroked = false;
+        out_.ops.push_back(std::move(background));
+    }
     out_.ops.push_back(std::move(op));
 }
 

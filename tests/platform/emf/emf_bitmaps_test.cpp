@@ -274,6 +274,14 @@ private slots:
         }) << quadrants(R, W, R, W);
         QTest::newRow("inverting mix") << mixed(U_R2_NOT, [](EmfWriter& e) { e.rectangle({0, 0, 21, 41}); })
                                        << quadrants(C, K, C, K);
+        for (std::uint32_t mode : {U_OPAQUE, U_TRANSPARENT})
+            QTest::newRow(mode == U_OPAQUE ? "hatch on the background" : "hatch alone") << Draw([=](EmfWriter& e) {
+                e.add(U_EMRSETBKMODE_set(mode));
+                e.add(U_EMRSETBKCOLOR_set(rgb(0, 0, 255)));
+                e.select(e.brush(U_BS_HATCHED, rgb(255, 0, 0), U_HS_HORIZONTAL));
+                e.select(U_NULL_PEN);
+                e.rectangle({0, 0, 41, 41});
+            }) << std::vector<Expect>{{{20, 1}, mode == U_OPAQUE ? B : W}, {{20, 3}, R}};
         QTest::newRow("outline inside its rectangle") << Draw([](EmfWriter& e) {
             e.select(U_NULL_BRUSH);
             e.rectangle({0, 0, 40, 40});
