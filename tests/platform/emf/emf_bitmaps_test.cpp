@@ -256,31 +256,27 @@ private slots:
             << quadrants(R, W, R, W);
         // Mixes: red XORed in, a black mask over the left half, red XORed
         // again leaves red under the mask only; NOT inverts what is there.
-        auto mixed = [](std::uint32_t mix, const Draw& under) {
-            return Draw([=](EmfWriter& e) {
-                e.select(e.brush(U_BS_SOLID, rgb(255, 0, 0)));
-                e.select(U_NULL_PEN);
-                under(e);
-                e.add(U_EMRSETROP2_set(mix));
-                e.rectangle({0, 0, 41, 41});
-            });
+        auto box = [](EmfWriter& e, std::uint32_t brush, std::uint32_t mix, int right = 41) {
+            e.select(brush);
+            e.select(U_NULL_PEN);
+            e.add(U_EMRSETROP2_set(mix));
+            e.rectangle({0, 0, right, 41});
         };
-        QTest::newRow("masked between two XORs") << mixed(U_R2_XORPEN, [=](EmfWriter& e) {
-            mixed(U_R2_XORPEN, [](EmfWriter&) {})(e);
-            e.add(U_EMRSETROP2_set(U_R2_COPYPEN));
-            e.select(U_BLACK_BRUSH);
-            e.rectangle({0, 0, 21, 41});
-            e.select(e.brush(U_BS_SOLID, rgb(255, 0, 0)));
+        QTest::newRow("masked between two XORs") << Draw([=](EmfWriter& e) {
+            const std::uint32_t red = e.brush(U_BS_SOLID, rgb(255, 0, 0));
+            box(e, red, U_R2_XORPEN);
+            box(e, U_BLACK_BRUSH, U_R2_COPYPEN, 21);
+            box(e, red, U_R2_XORPEN);
         }) << quadrants(R, W, R, W);
-        QTest::newRow("inverting mix") << mixed(U_R2_NOT, [](EmfWriter& e) { e.rectangle({0, 0, 21, 41}); })
-                                       << quadrants(C, K, C, K);
+        QTest::newRow("inverting mix") << Draw([=](EmfWriter& e) {
+            box(e, e.brush(U_BS_SOLID, rgb(255, 0, 0)), U_R2_COPYPEN, 21);
+            box(e, U_WHITE_BRUSH, U_R2_NOT);
+        }) << quadrants(C, K, C, K);
         for (std::uint32_t mode : {U_OPAQUE, U_TRANSPARENT})
             QTest::newRow(mode == U_OPAQUE ? "hatch on the background" : "hatch alone") << Draw([=](EmfWriter& e) {
                 e.add(U_EMRSETBKMODE_set(mode));
                 e.add(U_EMRSETBKCOLOR_set(rgb(0, 0, 255)));
-                e.select(e.brush(U_BS_HATCHED, rgb(255, 0, 0), U_HS_HORIZONTAL));
-                e.select(U_NULL_PEN);
-                e.rectangle({0, 0, 41, 41});
+                box(e, e.brush(U_BS_HATCHED, rgb(255, 0, 0), U_HS_HORIZONTAL), U_R2_COPYPEN);
             }) << std::vector<Expect>{{{20, 1}, mode == U_OPAQUE ? B : W}, {{20, 3}, R}};
         QTest::newRow("outline inside its rectangle") << Draw([](EmfWriter& e) {
             e.select(U_NULL_BRUSH);
