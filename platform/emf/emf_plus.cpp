@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QRawFont>
 
 #include <array>
 #include <cmath>
@@ -31,6 +32,7 @@ enum : std::uint16_t {
     kBeginContainerNoParams, kEndContainer, kSetWorldTransform, kResetWorldTransform,
     kMultiplyWorldTransform, kTranslateWorldTransform, kScaleWorldTransform, kRotateWorldTransform,
     kSetPageTransform, kResetClip, kSetClipRect, kSetClipPath, kSetClipRegion, kOffsetClip,
+    kDrawDriverString,
 };
 
 struct State {
@@ -96,6 +98,8 @@ private:
     void place(DrawOp op);
     void image(std::uint32_t id, const QRectF& source, const QTransform& sourceToWorld);
     void text(std::uint16_t flags, Reader& r);
+    void placedText(std::uint16_t flags, Reader& r);
+    std::optional<QFont> fontAt(std::uint32_t id, double& scale) const;
     void clip(const QPainterPath& device, int mode);
     void object(std::uint16_t flags, const char* data, std::size_t size);
     template <class T>
@@ -215,30 +219,15 @@ void PlusPlayer::text(std::uint16_t flags, Reader& r)
     if (!layout || length > r.left() / 2 || length > kMaxStringLength || length > charactersLeft_)
         return;
     charactersLeft_ -= length;
-    const auto* font = find<Font>(fontId);
+    double scale = 0;
+    const auto qfont = fontAt(fontId, scale);
     const auto brush = brushOf(flags, brushId);
-    // Fonts need the application's font database.
-    if (!font || !brush || !qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+    if (!qfont || !brush)
         return;
     std::u16string chars(length, u'\0');
     std::memcpy(chars.data(), r.here(), 2 * std::size_t(length));
     const QString string = QString::fromStdU16String(chars);
-
-    // The em size in world units.
-    const double devicePerWorld = scaleOf(toDevice());
-    double em = font->emSize;
-    if (font->unit != 0 && devicePerWorld > 0)
-        em = font->emSize * unitScale(font->unit) / devicePerWorld;
-    if (!(em > 0) || em > kMaxReach)
-        return;
-    QFont qfont(font->family);
-    qfont.setPixelSize(1000);  // laid out large, then scaled to the em size
-    qfont.setBold(font->style & 1);
-    qfont.setItalic(font->style & 2);
-    qfont.setUnderline(font->style & 4);
-    qfont.setStrikeOut(font->style & 8);
-    const QFontMetricsF metrics(qfont);
-    const double scale = em / 1000;
+    const QFontMetricsF metrics(*qfont);
     int align = 0;
     int lineAlign = 0;
     if (const auto* f = find<StringFormat>(formatId)) {
@@ -262,12 +251,93 @@ void PlusPlayer::text(std::uint16_t flags, Reader& r)
         else if (layout->width() > 0 && align == 2)
             x += layout->width() - width;
         QPainterPath one;
-        one.addText(0, metrics.ascent(), qfont, line);
+        one.addText(0, metrics.ascent(), *qfont, line);
         glyphs.addPath(QTransform(scale, 0, 0, scale, x, y).map(one));
         y += lineHeight;
     }
     glyphs.setFillRule(Qt::WindingFill);
     fill(glyphs, *brush);
+}
+
+// The font object `id` laid out 1000 pixels large, and `scale`, the world
+// units one of its pixels makes.
+std::optional<QFont> PlusPlayer::fontAt(std::uint32_t id, double& scale) const
+{
+    const auto* font = find<Font>(id);
+    // Fonts need the application's font database.
+    if (!font || !qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return std::nullopt;
+    // The em size in world units.
+    const double devicePerWorld = scaleOf(toDevice());
+    double em = font->emSize;
+    if (font->unit != 0 && devicePerWorld > 0)
+        em = font->emSize * unitScale(font->unit) / devicePerWorld;
+    if (!(em > 0) || em > kMaxReach)
+        return std::nullopt;
+    QFont qfont(font->family);
+    qfont.setPixelSize(1000);  // laid out large, then scaled to the em size
+    qfont.setBold(font->style & 1);
+    qfont.setItalic(font->style & 2);
+    qfont.setUnderline(font->style & 4);
+    qfont.setStrikeOut(font->style & 8);
+    scale = em / 1000;
+    return qfont;
+}
+
+// Glyphs each at its own point of the baseline: characters where the record
+// says so, otherwise the font's own glyph numbers; with "realized advance"
+// only the first point is given and the font's advances place the rest.
+void PlusPlayer::placedText(std::uint16_t flags, Reader& r)
+{
+    const std::uint32_t brushId = r.u32();
+    const std::uint32_t options = r.u32();
+    const std::uint32_t matrixPresent = r.u32();
+    const std::uint32_t count = r.u32();
+    if (!r.ok() || count > kMaxStringLength || count > charactersLeft_ || std::uint64_t(count) * 10 > r.left())
+        return;
+    charactersLeft_ -= count;
+    double scale = 0;
+    const auto qfont = fontAt(flags & 0xff, scale);
+    const auto brush = brushOf(flags, brushId);
+    if (!qfont || !brush)
+        return;
+    std::vector<std::uint16_t> codes(count);
+    for (std::uint16_t& c : codes)
+        c = r.u16();
+    std::vector<QPointF> at(count);
+    for (QPointF& p : at) {
+        const double x = r.f32();
+        p = QPointF(x, r.f32());
+    }
+    QTransform turn;
+    if (matrixPresent) {
+        float m[6];
+        for (float& v : m)
+            v = r.f32();
+        turn = QTransform(m[0], m[1], m[2], m[3], m[4], m[5]);
+    }
+    if (!r.ok() || !usable(turn))
+        return;
+    const bool characters = options & 1;
+    const bool realizedAdvance = options & 4;
+    const QRawFont raw = QRawFont::fromFont(*qfont);
+    QPainterPath glyphs;
+    QPointF pen = count ? at[0] : QPointF();
+    for (std::size_t i = 0; i < count; ++i) {
+        quint32 glyph = codes[i];
+        if (characters) {
+            const QList<quint32> found = raw.glyphIndexesForString(QString(QChar(codes[i])));
+            glyph = found.value(0);
+        }
+        if (!realizedAdvance)
+            pen = at[i];
+        const QPainterPath one = raw.pathForGlyph(glyph);
+        glyphs.addPath(QTransform(scale, 0, 0, scale, 0, 0).map(one).translated(pen));
+        if (realizedAdvance)
+            pen.rx() += raw.advancesForGlyphIndexes(QList<quint32>{glyph}).value(0).x() * scale;
+    }
+    glyphs.setFillRule(Qt::WindingFill);
+    fill(turn.map(glyphs), *brush);
 }
 
 void PlusPlayer::clip(const QPainterPath& device, int mode)
@@ -468,6 +538,9 @@ void PlusPlayer::play(std::uint16_t type, std::uint16_t flags, const char* data,
     }
     case kDrawString:
         text(flags, r);
+        return;
+    case kDrawDriverString:
+        placedText(flags, r);
         return;
     case kSave: case kBeginContainer: case kBeginContainerNoParams: {
         if (type == kBeginContainer)

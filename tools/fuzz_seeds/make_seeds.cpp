@@ -388,6 +388,9 @@ bool plusRecords(const fs::path& path)
         rec(0x401a, 4, le(0) + le(2) + f({0, 0, 2, 2}) + f({20, 10, 8, 8})) +
         rec(0x401b, 4, le(0) + le(2) + f({0, 0, 2, 2}) + le(3) + f({30, 30, 40, 32, 28, 40})) +
         rec(0x401c, 0x8005, le(0xff000000) + le(6) + le(4) + f({2, 2, 40, 20}) + hi) +
+        rec(0x4036, 0x8005, le(0xff000000) + le(5) + le(1) + le(2) + hi.substr(0, 4) + f({2, 40, 9, 40}) +
+                                f({1, 0, 0.2f, 1, 0, 0})) +
+        rec(0x4036, 0x8005, le(0xff000000) + le(0) + le(0) + le(2) + le(0x00480043) + f({20, 40, 30, 40})) +
         rec(0x4031, 0, "") + rec(0x4026, 0, le(1)) + rec(0x4009, 0, le(0x40ffffff)) + rec(0x4002, 1, "");
     const std::string comment = "EMF+" + records;
     e.add(rawRecord(U_EMR_COMMENT, 12, {{8, uint32_t(comment.size())}}, comment));

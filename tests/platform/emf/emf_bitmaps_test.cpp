@@ -332,6 +332,12 @@ private slots:
                              << std::vector<Expect>{{{10, 20}, K}, {{30, 19}, K}, {{20, 10}, W}, {{20, 30}, W}};
         QTest::newRow("plain records win") << picture(redBrush + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})), true)
                                            << quadrants(K, W, W, W);
+        // Two characters of a 40-pixel font, each at its own point of the baseline.
+        const std::string font = plus(0x4008, 0x603, le(0xdbc01002) + f({40}) + le(2) + le(0) + le(0) + le(5) +
+                                                         std::string("A\0r\0i\0a\0l\0\0\0", 12));
+        QTest::newRow("placed characters")
+            << picture(font + plus(0x4036, 0x8003, le(K) + le(1) + le(0) + le(2) + std::string("H\0H\0", 4) + f({0, 36, 30, 36})))
+            << std::vector<Expect>{{{5, 30}, K}, {{35, 30}, K}, {{14, 30}, W}, {{5, 4}, W}};
     }
     void plusRecords() { fills(); }
 };
