@@ -88,6 +88,8 @@ const std::vector<Damage>& damages()
         {"record size zero", [](QByteArray& b) { setWord(b, recordAt(b, U_EMR_RECTANGLE) + 4, 0); }, "---"},
         {"record size not in words", [](QByteArray& b) { setWord(b, recordAt(b, U_EMR_POLYGON) + 4, 26); }, "R--"},
         {"record size past the end", [](QByteArray& b) { setWord(b, recordAt(b, U_EMR_POLYPOLYGON) + 4, 0x7ffffff8); }, "RP-"},
+        {"object number past the table", [](QByteArray& b) {
+             setWord(b, recordAt(b, U_EMR_SELECTOBJECT) + 8, word(b, offsetof(U_EMRHEADER, nHandles)) & 0xffff); }, "---"},
         {"unknown record type", [](QByteArray& b) { setWord(b, recordAt(b, U_EMR_RECTANGLE), 200); }, "-PQ"},
         {"second header", [](QByteArray& b) { setWord(b, recordAt(b, U_EMR_RECTANGLE), U_EMR_HEADER); }, "-PQ"},
         {"point count too large", [](QByteArray& b) { setWord(b, recordAt(b, U_EMR_POLYGON) + 24, 0xffffffff); }, "R-Q"},
