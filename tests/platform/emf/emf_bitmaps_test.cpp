@@ -328,8 +328,11 @@ private slots:
         QTest::newRow("page in points") << picture(plus(0x4030, 3, f({1})) +
                                                    plus(0x400a, 0x8000, le(R) + le(1) + f({15, 0, 15, 15})))
                                         << quadrants(W, R, W, W);
-        QTest::newRow("pen") << picture(blackPen + plus(0x400d, 1, le(2) + f({0, 20, 40, 20})))
-                             << std::vector<Expect>{{{10, 20}, K}, {{30, 19}, K}, {{20, 10}, W}, {{20, 30}, W}};
+        const std::vector<Expect> line{{{10, 20}, K}, {{30, 19}, K}, {{20, 10}, W}, {{20, 30}, W}};
+        QTest::newRow("pen") << picture(blackPen + plus(0x400d, 1, le(2) + f({0, 20, 40, 20}))) << line;
+        QTest::newRow("curve through two points")
+            << picture(blackPen + plus(0x4018, 1, f({0.5f}) + le(0) + le(1) + le(2) + f({0, 20, 40, 20}))) << line;
+        QTest::newRow("clear") << picture(plus(0x4009, 0, le(G))) << quadrants(G, G, G, G);
         QTest::newRow("plain records win") << picture(redBrush + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})), true)
                                            << quadrants(K, W, W, W);
         // Two characters of a 40-pixel font, each at its own point of the baseline.
