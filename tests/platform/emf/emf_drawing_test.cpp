@@ -2,6 +2,7 @@
 // The decoder draws what a metafile's records describe, where they describe
 // it: shapes, fill modes, mappings, sizes, clipping, pens.
 #include "tests/platform/emf/emf_test_support.h"
+#include "tools/pictures/emf_raw_record.h"
 
 #include <QtTest>
 
@@ -193,6 +194,19 @@ const std::vector<ShapeCase>& shapeCases()
              e.add(U_EMRPOLYPOLYLINE_set({10, 10, 60, 60}, 1, counts, 3, pts));
          },
          {10, 9, 51, 51}, 200},
+        {"poly-draw figure filled",  // a record exactly as long as its points and kinds
+         [](EmfWriter& e) {
+             blackFill(e);
+             std::string tail;
+             for (int v : {10, 10, 50, 10, 50, 50, 10, 50})
+                 tail += littleEndian(std::uint32_t(v));
+             tail += {U_PT_MOVETO, U_PT_LINETO, U_PT_LINETO, U_PT_LINETO | U_PT_CLOSEFIGURE};
+             e.add(U_EMRBEGINPATH_set());
+             e.add(rawRecord(U_EMR_POLYDRAW, 28, {{24, 4}}, tail));
+             e.add(U_EMRENDPATH_set());
+             e.add(U_EMRFILLPATH_set({10, 10, 50, 50}));
+         },
+         {10, 10, 40, 40}, 1600},
         {"stroked and filled path",
          [](EmfWriter& e) {
              e.select(U_BLACK_BRUSH);
