@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "game/symbol_strip.h"
 
+#include "platform/picture/picture_files.h"
 #include "rules/reel_motion.h"
+
+#include <QDir>
 
 #include <QPainter>
 
 #include <cmath>
 
 namespace {
-constexpr int kMaxSymbols = 50;
-
 // A white buffer of size x size logical pixels at the screen's pixel ratio.
 QImage whiteBuffer(int size, double dpr)
 {
@@ -24,21 +25,17 @@ QImage whiteBuffer(int size, double dpr)
 bool SymbolStrip::load(double devicePixelRatio)
 {
     dpr_ = devicePixelRatio;
-    symbols_.clear();
+    symbols_ = pictures::loadSymbols(QDir::current());
     resting_.clear();
-    for (int i = 0; i < kMaxSymbols; ++i) {
-        auto picture = EmfPicture::load(QString::number(i) + QStringLiteral(".emf"));
-        if (!picture)
-            break;
+    for (const Picture& picture : symbols_) {
         // Drawn at its own size from the top-left corner, clipped to the buffer.
         QImage buffer = whiteBuffer(kSymbolSize, dpr_);
         QPainter painter(&buffer);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setClipRect(QRect(0, 0, kSymbolSize, kSymbolSize));
-        picture->paintNatural(painter);
+        picture.paintNatural(painter);
         painter.end();
         resting_.push_back(std::move(buffer));
-        symbols_.push_back(std::move(*picture));
     }
     if (symbols_.empty())
         return false;

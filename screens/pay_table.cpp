@@ -27,7 +27,7 @@ QFont courier(int pixelSize)
 // One image box: the symbol's picture stretched over the box.
 class SymbolBox : public QWidget {
 public:
-    SymbolBox(const EmfPicture* picture, QWidget* parent) : QWidget(parent), picture_(picture) {}
+    SymbolBox(const Picture* picture, QWidget* parent) : QWidget(parent), picture_(picture) {}
 
 protected:
     void paintEvent(QPaintEvent*) override
@@ -39,12 +39,12 @@ protected:
     }
 
 private:
-    const EmfPicture* picture_;
+    const Picture* picture_;
 };
 
 }  // namespace
 
-PayTable::PayTable(const std::vector<EmfPicture>& symbols, Currency creditsPerLine, QWidget* parent)
+PayTable::PayTable(const std::vector<Picture>& symbols, Currency creditsPerLine, QWidget* parent)
     : QDialog(parent), symbols_(symbols), creditsPerLine_(creditsPerLine)
 {
     setWindowTitle(QString(61, QLatin1Char(' ')) + QStringLiteral("PAY OUT TABLES AND RULES"));

@@ -3,7 +3,7 @@
 // The pay table: page 1 shows every symbol in play with what two to five of
 // it in a row pay, page 2 what three to five of one figure in any colours
 // pay, at the credits per line now bet. Opened modally from the menu.
-#include "platform/emf/emf_picture.h"
+#include "platform/picture/picture.h"
 #include "rules/currency.h"
 
 #include <QColor>
@@ -20,7 +20,7 @@ class PayTable : public QDialog {
     Q_OBJECT
 public:
     // symbols: the pictures of the symbols in play, which outlive the dialog.
-    PayTable(const std::vector<EmfPicture>& symbols, Currency creditsPerLine, QWidget* parent = nullptr);
+    PayTable(const std::vector<Picture>& symbols, Currency creditsPerLine, QWidget* parent = nullptr);
 
     // One print statement as it stands on the window: where its text starts
     // (top left, pixels), the text, the font's pixel size and the colour.
@@ -54,7 +54,7 @@ private:
     void cls();
     void setFontPoints(qreal points);
 
-    const std::vector<EmfPicture>& symbols_;
+    const std::vector<Picture>& symbols_;
     Currency creditsPerLine_;
     QPushButton* pageButton_ = nullptr;
     std::vector<QWidget*> pictureBoxes_;

@@ -8,6 +8,30 @@
 
 namespace emf {
 
+namespace {
+
+// The longest picture name read; a name is a few words.
+constexpr std::uint32_t kMaxTitle = 256;
+
+// The second of the description's two strings (the first names the program
+// that made the picture), when it lies wholly inside the header record.
+std::u16string pictureName(const char* rec, std::uint64_t size, std::uint32_t count, std::uint32_t offset)
+{
+    if (count == 0 || offset < U_SIZE_EMRHEADER_MIN || offset % 2 != 0 || offset > size ||
+        std::uint64_t(count) * 2 > size - offset)
+        return {};
+    std::u16string text(std::min(count, 2 * kMaxTitle), u'\0');
+    std::memcpy(text.data(), rec + offset, text.size() * 2);
+    const std::size_t programEnd = text.find(u'\0');
+    if (programEnd == std::u16string::npos)
+        return {};
+    std::u16string name = text.substr(programEnd + 1);
+    name = name.substr(0, name.find(u'\0'));
+    return name.substr(0, kMaxTitle);
+}
+
+}  // namespace
+
 std::optional<HeaderInfo> checkHeader(const char* rec, std::uint64_t size)
 {
     // Only the base fields every header has are checked. The description and
@@ -58,6 +82,7 @@ std::optional<HeaderInfo> checkHeader(const char* rec, std::uint64_t size)
         }
     }
     info.handles = h.nHandles == 0 ? 1 : h.nHandles;
+    info.title = pictureName(rec, size, h.nDescription, h.offDescription);
     return info;
 }
 

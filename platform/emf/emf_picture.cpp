@@ -66,7 +66,8 @@ void paintHairline(QPainter& painter, const QPainterPath& path, QPen pen)
 }  // namespace
 
 struct EmfPicture::Data : emf::PictureData {
-    explicit Data(emf::PictureData d) : emf::PictureData(std::move(d)) {}
+    Data(emf::PictureData d, QString name) : emf::PictureData(std::move(d)), title(std::move(name)) {}
+    QString title;
 };
 
 EmfPicture::EmfPicture(std::shared_ptr<const Data> d) : d_(std::move(d)) {}
@@ -103,7 +104,10 @@ std::optional<EmfPicture> EmfPicture::fromBytes(const QByteArray& bytes)
     const auto checked = emf::checkMetafile(data, size);
     if (!checked)
         return std::nullopt;
-    return EmfPicture(std::make_shared<const Data>(emf::playRecords(data, *checked)));
+    const std::u16string& title = checked->header.title;
+    return EmfPicture(std::make_shared<const Data>(
+        emf::playRecords(data, *checked),
+        QString::fromUtf16(title.data(), static_cast<qsizetype>(title.size()))));
 }
 
 QSize EmfPicture::naturalSize() const
@@ -114,6 +118,11 @@ QSize EmfPicture::naturalSize() const
 QSizeF EmfPicture::exactSize() const
 {
     return d_ ? d_->exactSize : QSizeF();
+}
+
+QString EmfPicture::title() const
+{
+    return d_ ? d_->title : QString();
 }
 
 void EmfPicture::paint(QPainter& painter, const QRectF& target) const

@@ -22,6 +22,8 @@ public:
     QSize naturalSize() const;
     // The same, unrounded: the frame's own aspect, for fitting it anywhere.
     QSizeF exactSize() const;
+    // The picture's name from the header's description, if it gives one.
+    QString title() const;
 
     // Draws the picture with its frame mapped onto target (logical units of
     // the painter; drawing stays vector, so a HiDPI painter gets crisp edges).

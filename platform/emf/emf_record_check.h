@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace emf {
@@ -25,6 +26,9 @@ struct HeaderInfo {
     double millimetresX = 0;  // reference device, to the micrometre where the
     double millimetresY = 0;  // header says
     std::uint32_t handles = 1;
+    // The picture's name from the description ("program\0picture\0\0"),
+    // empty when the header gives none.
+    std::u16string title;
 };
 
 struct CheckedMetafile {

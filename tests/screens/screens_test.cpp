@@ -2,6 +2,7 @@
 // The side screens: the splash with its title and version, and the pay
 // table's two pages — what is printed where, at the credits per line in
 // force, and which pictures stand where.
+#include "platform/picture/picture_files.h"
 #include "screens/pay_table.h"
 #include "screens/splash.h"
 #include "tests/support/asset_folder.h"
@@ -34,7 +35,7 @@ bool inked(const QImage& image, const QRect& r)
 
 class ScreensTest : public QObject {
     Q_OBJECT
-    std::vector<EmfPicture> symbols_;
+    std::vector<Picture> symbols_;
     std::unique_ptr<PayTable> screen_;
 
     PayTable& open(Currency perLine)
@@ -48,7 +49,7 @@ private slots:
     void initTestCase()
     {
         for (int i = 0; i < 15; ++i)
-            symbols_.push_back(*EmfPicture::load(assetsDir() + QStringLiteral("/%1.emf").arg(i)));
+            symbols_.push_back(*pictures::loadSymbol(QDir(assetsDir()), i).picture);
     }
     void cleanup() { screen_.reset(); }
 

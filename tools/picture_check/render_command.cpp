@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "tools/picture_check/render_command.h"
 
-#include "platform/emf/emf_picture.h"
+#include "platform/picture/picture_files.h"
 #include "tools/picture_check/refusal.h"
 
 #include <QFile>
@@ -33,6 +33,16 @@ QRectF fitted(QSizeF frame, int edge)
     return QRectF(QPointF((edge - size.width()) / 2, (edge - size.height()) / 2), size);
 }
 
+// Why the game refuses the file; a metafile's damage is told in detail.
+QString reason(const QString& path, const QString& why)
+{
+    if (!path.endsWith(QLatin1String(".emf"), Qt::CaseInsensitive))
+        return why;
+    QFile file(path);
+    const bool readable = file.open(QIODevice::ReadOnly);
+    return whyRefused(readable ? file.read(kReadLimit) : QByteArray(), readable);
+}
+
 }  // namespace
 
 int renderCommand(const QStringList& args)
@@ -47,21 +57,18 @@ int renderCommand(const QStringList& args)
             return usage();
     }
 
-    QFile file(args[0]);
-    const bool readable = file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = readable ? file.read(kReadLimit) : QByteArray();
-    const auto picture = EmfPicture::fromBytes(bytes);
-    if (!picture) {
-        std::fprintf(stderr, "%s: refused: %s\n", qPrintable(args[0]),
-                     qPrintable(whyRefused(bytes, readable)));
+    const pictures::Loaded loaded = pictures::loadPicture(args[0]);
+    if (!loaded.picture) {
+        std::fprintf(stderr, "%s: refused: %s\n", qPrintable(args[0]), qPrintable(reason(args[0], loaded.why)));
         return 2;
     }
+    const Picture& picture = *loaded.picture;
 
     QImage image(edge, edge, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     {
         QPainter painter(&image);
-        picture->paint(painter, fitted(picture->exactSize(), edge));
+        picture.paint(painter, fitted(picture.exactSize(), edge));
     }
     if (!image.convertToFormat(QImage::Format_RGB32).save(args[1], "PNG")) {
         std::fprintf(stderr, "%s: cannot be written\n", qPrintable(args[1]));

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+// A picture the game draws, whatever format it came in: each format loads
+// into its own Picture::Source, and everything that shows a picture (the
+// reels, the pay table, the splash, the tools) draws it through this type.
+#include <QRectF>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+
+class QPainter;
+
+class Picture {
+public:
+    // What one format's loaded picture can do. Implementations are immutable
+    // once loaded, so pictures share them freely.
+    class Source {
+    public:
+        virtual ~Source() = default;
+        // The picture's own size in 96-dpi pixels, unrounded.
+        virtual QSizeF exactSize() const = 0;
+        // Draws the whole picture stretched onto target, in the painter's
+        // logical units; vector formats stay vector, so HiDPI stays crisp.
+        virtual void paint(QPainter& painter, const QRectF& target) const = 0;
+        // The picture's own name for itself, if its file gives one.
+        virtual QString title() const { return {}; }
+    };
+
+    explicit Picture(std::shared_ptr<const Source> source) : source_(std::move(source)) {}
+
+    QSizeF exactSize() const { return source_->exactSize(); }
+    // The own size rounded to whole pixels: a 73 x 73 px symbol is 73 x 73.
+    QSize naturalSize() const { return exactSize().toSize(); }
+    void paint(QPainter& painter, const QRectF& target) const;
+    // Drawn at its natural size from the painter's origin.
+    void paintNatural(QPainter& painter) const { paint(painter, QRectF(QPointF(0, 0), naturalSize())); }
+    QString title() const { return source_->title(); }
+
+private:
+    std::shared_ptr<const Source> source_;
+};
