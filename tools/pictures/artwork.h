@@ -5,7 +5,8 @@
 
 namespace pictures {
 
-// 0.emf ... 49.emf: symbol s is figure s / 5 in colour s % 5, 73 x 73 px.
+// 0.emf ... 49.emf: symbol s is figure s / 5 in colour s % 5, 73 x 73 px,
+// and says so in its description ("red circle").
 bool makeSymbols(const QString& folder);
 // splash.emf: the splash window's background, 452 x 423 px, no text.
 bool makeSplash(const QString& folder);

@@ -47,13 +47,13 @@ U_RECTL boundsOf(const std::vector<U_POINTL>& points)
     return r;
 }
 
-EmfWriter::EmfWriter(const std::string& path, int widthPx, int heightPx)
+EmfWriter::EmfWriter(const std::string& path, int widthPx, int heightPx, const std::u16string& pictureName)
 {
     // 2540 hundredths of a millimetre per inch, 96 pixels per inch.
     const U_RECTL frame{0, 0, std::int32_t(std::lround(widthPx * 2540.0 / 96)),
                         std::int32_t(std::lround(heightPx * 2540.0 / 96))};
     const U_RECTL bounds{0, 0, widthPx - 1, heightPx - 1};
-    start(path, bounds, frame, kDevicePixels, kDeviceMillimetres);
+    start(path, bounds, frame, kDevicePixels, kDeviceMillimetres, pictureName);
 }
 
 EmfWriter::EmfWriter(const std::string& path, U_RECTL bounds, U_RECTL frame,
@@ -63,7 +63,7 @@ EmfWriter::EmfWriter(const std::string& path, U_RECTL bounds, U_RECTL frame,
 }
 
 void EmfWriter::start(const std::string& path, U_RECTL bounds, U_RECTL frame,
-                      U_SIZEL devicePixels, U_SIZEL deviceMillimetres)
+                      U_SIZEL devicePixels, U_SIZEL deviceMillimetres, const std::u16string& pictureName)
 {
     if (emf_start(path.c_str(), 1 << 16, 1 << 16, &track_) != 0) {
         track_ = nullptr;
@@ -74,7 +74,13 @@ void EmfWriter::start(const std::string& path, U_RECTL bounds, U_RECTL frame,
         return;
     }
     ok_ = true;
-    add(U_EMRHEADER_set(bounds, frame, nullptr, 0, nullptr, devicePixels, deviceMillimetres, 0));
+    // "program\0picture\0\0", or no description at all.
+    std::u16string description;
+    if (!pictureName.empty())
+        description = u"reelmoor" + std::u16string(1, u'\0') + pictureName + std::u16string(2, u'\0');
+    auto* text = description.empty() ? nullptr : reinterpret_cast<std::uint16_t*>(description.data());
+    add(U_EMRHEADER_set(bounds, frame, nullptr, U_CBSTR(description.size()), text, devicePixels,
+                        deviceMillimetres, 0));
 }
 
 EmfWriter::~EmfWriter()

@@ -18,8 +18,10 @@ public:
     static constexpr U_SIZEL kDeviceMillimetres{508, 381};
 
     // A picture of widthPx x heightPx pixels at 96 dpi: its frame is that
-    // size in 0.01 mm (73 px -> 1931), its bounds the pixels it covers.
-    EmfWriter(const std::string& path, int widthPx, int heightPx);
+    // size in 0.01 mm (73 px -> 1931), its bounds the pixels it covers. A
+    // picture name goes into the header's description after the program's
+    // own, which is where a metafile names itself.
+    EmfWriter(const std::string& path, int widthPx, int heightPx, const std::u16string& pictureName = {});
     // Full control over the header, for pictures of other devices.
     EmfWriter(const std::string& path, U_RECTL bounds, U_RECTL frame, U_SIZEL devicePixels,
               U_SIZEL deviceMillimetres);
@@ -65,7 +67,7 @@ public:
 
 private:
     void start(const std::string& path, U_RECTL bounds, U_RECTL frame, U_SIZEL devicePixels,
-               U_SIZEL deviceMillimetres);
+               U_SIZEL deviceMillimetres, const std::u16string& pictureName = {});
 
     EMFTRACK* track_ = nullptr;
     EMFHANDLES* handles_ = nullptr;

@@ -9,7 +9,7 @@ bool makeSymbols(const QString& folder)
     bool ok = true;
     for (int s = 0; s < kFigures * kColours; ++s) {
         const QString path = folder + '/' + QString::number(s) + ".emf";
-        EmfWriter emf(path.toStdString(), int(kBox), int(kBox));
+        EmfWriter emf(path.toStdString(), int(kBox), int(kBox), symbolName(s));
         drawFigure(emf, s / kColours, symbolColours(s % kColours));
         ok = emf.finish() && ok;
     }

@@ -228,6 +228,15 @@ Colours symbolColours(int colour)
     }
 }
 
+std::u16string symbolName(int symbol)
+{
+    static const char16_t* const colours[kColours] = {u"red", u"green", u"blue", u"gold", u"purple"};
+    static const char16_t* const figures[kFigures] = {u"circle",  u"square", u"triangle", u"diamond",
+                                                      u"hexagon", u"ring",   u"cross",    u"heart",
+                                                      u"star",    u"crown"};
+    return std::u16string(colours[symbol % kColours]) + u' ' + figures[symbol / kColours];
+}
+
 void drawFigure(EmfWriter& emf, int figure, const Colours& colours, const Placement& at)
 {
     emf.add(U_EMRSAVEDC_set());

@@ -5,6 +5,8 @@
 // angle, so the symbol files and the splash picture share one drawing.
 #include "tools/pictures/emf_writer.h"
 
+#include <string>
+
 namespace pictures {
 
 constexpr int kFigures = 10;
@@ -19,6 +21,8 @@ struct Colours {
 
 // Red, green, blue, gold and purple: colour c of every figure.
 Colours symbolColours(int colour);
+// What symbol s is called: its colour and figure, "red circle" for 0.
+std::u16string symbolName(int symbol);
 
 // Where the design box lands: its top-left corner at (x, y) in the page's
 // pixels, scaled by `scale` and turned by `degrees` about its centre.
