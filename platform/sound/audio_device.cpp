@@ -64,6 +64,17 @@ void quietAlsa()
         set(quietAlsaHandler);
 }
 
+// The desktop's sound controls list the stream under the game's name and
+// icon (the one its menu entry installs), saying what it carries. The sound
+// server's client library takes the icon from the environment; a player's
+// own setting there wins.
+void nameTheStream()
+{
+    SDL_SetHint(SDL_HINT_APP_NAME, "reelmoor");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Game sounds");
+    setenv("PULSE_PROP_application.icon_name", REELMOOR_APP_ID, 0);
+}
+
 void closeAtExit()
 {
     closeAudio();
@@ -79,6 +90,7 @@ bool open()
     SDL_LogSetPriority(SDL_LOG_CATEGORY_AUDIO, SDL_NUM_LOG_PRIORITIES);
     // SDL would otherwise take over Ctrl+C and SIGTERM for events nobody reads.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    nameTheStream();
     std::string failure;
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
         failure = SDL_GetError();
