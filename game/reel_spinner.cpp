@@ -54,7 +54,12 @@ void ReelSpinner::stop()
 
 void ReelSpinner::showCell(int cell, bool blank)
 {
-    surface_->setCellPicture(cell, blank ? &strip_.blank() : &strip_.picture(reels_.picture(cell)));
+    const int picture = reels_.picture(cell);
+    surface_->setCellPicture(cell, blank ? &strip_.blank() : &strip_.picture(picture));
+    // A reel is named by its symbol once its timer has stopped it: the pass
+    // that notices the stop settles it on the symbol whose picture it shows.
+    const bool rolling = passTimer_.isActive() && !reels_.stopped(cell);
+    surface_->setCellName(cell, rolling ? QStringLiteral("rolling") : strip_.name(picture / kFramesPerSymbol));
 }
 
 void ReelSpinner::showCells()

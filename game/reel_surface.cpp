@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "game/reel_surface.h"
 
+#include "game/reel_cells_accessible.h"
 #include "presentation/segment_pool.h"
 
+#include <QAccessible>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -12,6 +14,8 @@ ReelSurface::ReelSurface(const SegmentPool& segments, QWidget* parent)
     : QWidget(parent), segments_(segments)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    static const bool cellsAccessible = (QAccessible::installFactory(reelCellsAccessible), true);
+    (void)cellsAccessible;
 }
 
 void ReelSurface::placeCell(int i, const QRectF& rect)
@@ -27,6 +31,19 @@ void ReelSurface::setCellPicture(int i, const QImage* picture)
         return;
     cellPicture_[at] = picture;
     update(cellRect_[at].toAlignedRect());
+}
+
+void ReelSurface::setCellName(int i, const QString& name)
+{
+    QString& now = cellName_[static_cast<std::size_t>(i)];
+    if (now == name)
+        return;
+    now = name;
+    if (QAccessible::isActive()) {
+        QAccessibleEvent changed(this, QAccessible::NameChanged);
+        changed.setChild(i);
+        QAccessible::updateAccessibility(&changed);
+    }
 }
 
 void ReelSurface::placeCells(double size)

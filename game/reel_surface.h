@@ -3,12 +3,14 @@
 // The main window's drawing surface: the light grey face, the black band with
 // the five white reel strips, the fifteen cell pictures on them and, in front,
 // the pay-line segments. Cells sit at fractional positions, so the surface
-// paints them itself instead of placing a widget per cell.
+// paints them itself instead of placing a widget per cell, and tells a
+// screen reader about them as fifteen images of its own.
 #include "presentation/segment_pool.h"
 #include "rules/grid.h"
 
 #include <QImage>
 #include <QRectF>
+#include <QString>
 #include <QWidget>
 
 #include <array>
@@ -30,6 +32,9 @@ public:
     QRectF cellRect(int i) const { return cellRect_[static_cast<std::size_t>(i)]; }
     void setCellPicture(int i, const QImage* picture);
     const QImage* cellPicture(int i) const { return cellPicture_[static_cast<std::size_t>(i)]; }
+    // What a screen reader says for cell i: the symbol it rests on, or that it rolls.
+    void setCellName(int i, const QString& name);
+    QString cellName(int i) const { return cellName_[static_cast<std::size_t>(i)]; }
 
     void segmentsChanged();
 
@@ -40,6 +45,7 @@ private:
     const SegmentPool& segments_;
     std::array<QRectF, kCells> cellRect_{};
     std::array<const QImage*, kCells> cellPicture_{};
+    std::array<QString, kCells> cellName_{};
     double bandBottom_ = 0;
     double stripBottom_ = 0;
 };

@@ -18,8 +18,8 @@ QString amountText(Currency c) { return QString::fromStdString(c.text()); }
 ResultPanel::ResultPanel(QWidget* surface) : QObject(surface), strobe_(this)
 {
     // The labels first: the boxes overlap them and stack above.
-    makeLabel(surface, QStringLiteral("credits paid"), {72, 376, 201, 41}, Qt::AlignHCenter);
-    makeLabel(surface, QStringLiteral("total credits"), {400, 376, 185, 41}, Qt::AlignRight);
+    QLabel* paidLabel = makeLabel(surface, QStringLiteral("credits paid"), {72, 376, 201, 41}, Qt::AlignHCenter);
+    QLabel* bankLabel = makeLabel(surface, QStringLiteral("total credits"), {400, 376, 185, 41}, Qt::AlignRight);
     netLabel_ = makeLabel(surface, QStringLiteral("NET GAIN"), {288, 456, 113, 33}, Qt::AlignRight);
     netLabel_->setObjectName(QStringLiteral("netLabel"));
 
@@ -27,9 +27,14 @@ ResultPanel::ResultPanel(QWidget* surface) : QObject(surface), strobe_(this)
     bankBox_ = makeTextBox(surface, QStringLiteral("bankBox"), QString::fromStdString(Game::newGameBankText()),
                            {336, 400, 321, 41}, false);
     netBox_ = makeTextBox(surface, QStringLiteral("netBox"), QStringLiteral("0"), {232, 480, 209, 41}, true);
+    // A screen reader reads each box by its label, the net result by what
+    // its label says now.
+    paidLabel->setBuddy(paidBox_);
+    bankLabel->setBuddy(bankBox_);
+    netLabel_->setBuddy(netBox_);
     paidBox_->setAccessibleName(QStringLiteral("credits paid"));
     bankBox_->setAccessibleName(QStringLiteral("total credits"));
-    netBox_->setAccessibleName(QStringLiteral("net result"));
+    nameNetBox();
 
     rightArrow_ = new QSvgWidget(QStringLiteral("arrow_right.svg"), surface);
     rightArrow_->setObjectName(QStringLiteral("rightArrow"));
@@ -81,6 +86,8 @@ void ResultPanel::flashHalf(bool blank)
     emit flashed(flashing_, blank);
 }
 
+void ResultPanel::nameNetBox() { netBox_->setAccessibleName(netLabel_->text().toLower()); }
+
 void ResultPanel::showBank(const Settlement& s)
 {
     bankBox_->setText(amountText(s.bank));
@@ -89,5 +96,6 @@ void ResultPanel::showBank(const Settlement& s)
     p.setColor(QPalette::Text, s.netLoss ? win::kRed : QColor(Qt::black));
     netBox_->setPalette(p);
     netLabel_->setText(s.netLoss ? QStringLiteral("NET LOSS") : QStringLiteral("NET GAIN"));
+    nameNetBox();
     emit presented(s);
 }

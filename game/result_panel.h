@@ -40,6 +40,7 @@ private:
     void flashJackpot(const Settlement& s);
     void flashHalf(bool blank);
     void showBank(const Settlement& s);
+    void nameNetBox();
 
     Strobe strobe_;
     CellFlags flashing_{};

@@ -45,6 +45,12 @@ bool SymbolStrip::load(double devicePixelRatio)
     return true;
 }
 
+QString SymbolStrip::name(int s) const
+{
+    const QString title = symbols_[static_cast<std::size_t>(s)].title();
+    return title.isEmpty() ? QStringLiteral("symbol %1").arg(s) : title;
+}
+
 // Picture m of symbol j shows symbol j moved down by m twelfths of a cell
 // with the next symbol on the strip coming in from the top; the strip wraps
 // to symbol 0.

@@ -21,6 +21,8 @@ public:
     bool load(double devicePixelRatio);
     int symbolCount() const { return static_cast<int>(symbols_.size()); }
     const std::vector<Picture>& symbols() const { return symbols_; }
+    // What a player hears for symbol s: the picture's own title, else "symbol s".
+    QString name(int s) const;
 
     // Strip picture p: symbol p / 12 rolled on by p % 12 twelfths.
     const QImage& picture(int p) const { return pictures_[static_cast<std::size_t>(p)]; }

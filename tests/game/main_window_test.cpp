@@ -9,6 +9,7 @@
 #include "tests/support/game_fixture.h"
 #include "winners/closing_screen.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -31,6 +32,12 @@ QAction* action(const MainWindow& w, const QString& caption)
 QString text(const MainWindow& w, const char* box) { return child<QLineEdit>(w, box)->text(); }
 CaptionButton* lineButton(const MainWindow& w, int i) { return child<CaptionButton>(w, QStringLiteral("lineButton%1").arg(i)); }
 CaptionButton* creditButton(const MainWindow& w, int i) { return child<CaptionButton>(w, QStringLiteral("creditButton%1").arg(i)); }
+
+// Cell i as a screen reader finds it on the reel surface.
+QAccessibleInterface* cell(const MainWindow& w, int i)
+{
+    return QAccessible::queryAccessibleInterface(child<ReelSurface>(w, {}))->child(i);
+}
 
 int shownClosingScreens()
 {
@@ -153,6 +160,8 @@ private slots:
             QCOMPARE(child<ReelSurface>(*w, {})->cellPicture(cell)->devicePixelRatio(), w->devicePixelRatioF());
         QCOMPARE(w->game().symbols()[7], 49);
         QCOMPARE(w->game().symbols()[3], 18);
+        QCOMPARE(cell(*w, 7)->text(QAccessible::Name), QString("purple crown"));
+        QCOMPARE(cell(*w, 3)->text(QAccessible::Name), QString("gold diamond"));
         QCOMPARE(w->beepsSounded() - beeps, 15 + 10 * 5 + 150);
         QCOMPARE(text(*w, "paidBox"), QString("20551"));
         QCOMPARE(text(*w, "bankBox"), QString("23050"));
@@ -245,6 +254,29 @@ private slots:
                 QCOMPARE(screen->printedCredits(), QString(" 0 "));
         QTest::qWait(50);
         QCOMPARE(shownClosingScreens(), before + 1);
+    }
+
+    // Each cell is an image a screen reader finds where the cell is, named by
+    // its picture's own title, or by the symbol's number when it has none.
+    void theCellsAreNamedImages()
+    {
+        QVERIFY(stockFolder("named"));
+        QFile untitled("named/1.emf");  // its description says nothing
+        QVERIFY(untitled.open(QIODevice::ReadWrite) && untitled.seek(60) && untitled.write("\0\0\0\0", 4) == 4);
+        untitled.close();
+        fixture::Script script;
+        for (int i = 0; i < 15; ++i)
+            script.addSymbol(i == 6 ? 1 : 10);
+        auto w = fixture::open("named", script.draw());
+        auto* surface = QAccessible::queryAccessibleInterface(child<ReelSurface>(*w, {}));
+        QAccessibleInterface* untitledCell = cell(*w, 6);
+        QCOMPARE(untitledCell->role(), QAccessible::Graphic);
+        QCOMPARE(untitledCell->text(QAccessible::Name), QString("symbol 1"));
+        QCOMPARE(cell(*w, 14)->text(QAccessible::Name), QString("red triangle"));
+        QCOMPARE(untitledCell->rect().topLeft(), child<ReelSurface>(*w, {})->mapToGlobal(QPoint(261, 78)));
+        QCOMPARE(surface->indexOfChild(untitledCell), 6);
+        QCOMPARE(surface->childCount(), 15 + child<ReelSurface>(*w, {})->findChildren<QWidget*>(Qt::FindDirectChildrenOnly).size());
+        QCOMPARE(surface->indexOfChild(surface->child(15)), 15);
     }
 
     // Which files start-up needs: the line button pictures and "0.emf"; the
