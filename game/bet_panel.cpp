@@ -23,6 +23,7 @@ BetPanel::BetPanel(QWidget* surface) : QObject(surface), surface_(surface)
     red = betBox_->palette();
     red.setColor(QPalette::Base, win::kRed);
     betBox_->setPalette(red);
+    betLabel->setBuddy(betBox_);  // a screen reader reads the box with its label
     betBox_->setAccessibleName(QStringLiteral("total bet"));
 }
 

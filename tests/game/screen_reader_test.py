@@ -97,16 +97,6 @@ try:
 
     if any(n not in NAMES for n in names()):
         fail(f"the reels before a spin: {names()}")
-    boxes = {}
-    for label in ("credits paid", "total credits", "net gain"):
-        box = find(window, lambda a: a.name == label and a.getRole() == pyatspi.ROLE_TEXT)
-        if len(box) != 1:
-            fail(f"no one box named {label!r}")
-        by = [r for r in box[0].getRelationSet() if r.getRelationType() == pyatspi.RELATION_LABELLED_BY]
-        if not by or by[0].getTarget(0).name.lower() != label:
-            fail(f"the box {label!r} is not labelled by its label")
-        boxes[label] = box[0]
-
     spin = find(window, lambda a: a.name == "SPIN" and a.getRole() == pyatspi.ROLE_PUSH_BUTTON)[0]
     spin.queryAction().doAction(0)
     poll("a reel named rolling", 10, lambda: "rolling" in names())
@@ -139,7 +129,19 @@ try:
         if time.monotonic() > end:
             fail(f"the reels are named {names()}, the screen shows {grid}")
     print("the reels read aloud after a spin:", ", ".join(names()))
-    print("credits paid:", boxes["credits paid"].queryText().getText(0, -1))
+
+    # Each result box by its label; the net result's label says gain or loss.
+    def box(label):
+        found = find(window, lambda a: a.name == label and a.getRole() == pyatspi.ROLE_TEXT)
+        if len(found) != 1:
+            fail(f"no one box named {label!r}")
+        by = [r for r in found[0].getRelationSet() if r.getRelationType() == pyatspi.RELATION_LABELLED_BY]
+        if not by or by[0].getTarget(0).name.lower() != label:
+            fail(f"the box {label!r} is not labelled by its label")
+        return found[0].queryText().getText(0, -1)
+    bank = float(box("total credits"))
+    box("net loss" if bank < 2500 else "net gain")
+    print(f"credits paid {box('credits paid')}, total credits {bank:g}, total bet {box('total bet')}")
 finally:
     player.kill()
     player.wait()
