@@ -12,7 +12,7 @@
 namespace {
 
 // One cell: an image without children, where the surface paints it.
-class CellInterface : public QAccessibleInterface, public QAccessibleImageInterface {
+class CellInterface : public QAccessibleInterface {
 public:
     CellInterface(ReelSurface* surface, int cell) : surface_(surface), cell_(cell) {}
 
@@ -42,14 +42,6 @@ public:
         const QRect r = surface_->cellRect(cell_).toRect();
         return QRect(surface_->mapToGlobal(r.topLeft()), r.size());
     }
-    void* interface_cast(QAccessible::InterfaceType type) override
-    {
-        return type == QAccessible::ImageInterface ? static_cast<QAccessibleImageInterface*>(this) : nullptr;
-    }
-
-    QString imageDescription() const override { return surface_->cellName(cell_); }
-    QSize imageSize() const override { return rect().size(); }
-    QPoint imagePosition() const override { return rect().topLeft(); }
 
 private:
     QPointer<ReelSurface> surface_;

@@ -97,6 +97,8 @@ try:
 
     if any(n not in NAMES for n in names()):
         fail(f"the reels before a spin: {names()}")
+    if [c.getIndexInParent() for c in cells] != list(range(15)):
+        fail(f"the reels stand at {[c.getIndexInParent() for c in cells]} among their surface's children")
     spin = find(window, lambda a: a.name == "SPIN" and a.getRole() == pyatspi.ROLE_PUSH_BUTTON)[0]
     spin.queryAction().doAction(0)
     poll("a reel named rolling", 10, lambda: "rolling" in names())
@@ -117,8 +119,8 @@ try:
     places = []
     for c in cells:
         e = c.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        if (e.width, e.height) != (CELL, CELL):
-            fail(f"a reel image of {e.width} x {e.height}")
+        if (e.width, e.height) != (CELL, CELL) or not c.getState().contains(pyatspi.STATE_VISIBLE):
+            fail(f"a reel image of {e.width} x {e.height}, visible: {c.getState().contains(pyatspi.STATE_VISIBLE)}")
         places.append((e.x, e.y))
 
     # The screen catches up with the last paint soon after the spin ends.
