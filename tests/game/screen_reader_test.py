@@ -1,10 +1,11 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
 # The game as a screen reader finds it: fifteen reel images named by their
-# symbols, "rolling" while a spin runs, and after the spin the names of the
-# symbols the screen shows in each cell; the result boxes by their labels.
-# While the reels roll, the sound server lists the game's stream with its
-# icon. Runs on an X server whose screen is mirrored in an XWD file (Xvfb
-# -fbdir), a D-Bus session and a sound server, set up by screen_reader_test.sh.
+# symbols, "rolling" while a spin runs (with word of each change), and after
+# the spin the names of the symbols the screen shows in each cell; the result
+# boxes by their labels. While the reels roll, the sound server lists the
+# game's stream with its icon. Runs on an X server whose screen is mirrored in
+# an XWD file (Xvfb -fbdir), a D-Bus session and a sound server, set up by
+# screen_reader_test.sh.
 # Usage: screen_reader_test.py GAME FOLDER REFERENCES SCREEN_FILE
 import struct
 import subprocess
@@ -13,7 +14,7 @@ import time
 
 import gi
 gi.require_version("GdkPixbuf", "2.0")
-from gi.repository import GdkPixbuf  # noqa: E402
+from gi.repository import GdkPixbuf, GLib  # noqa: E402
 import pyatspi  # noqa: E402
 
 game, folder, references, screen_file = sys.argv[1:5]
@@ -33,6 +34,8 @@ def poll(what, seconds, probe):
     """probe() until it gives something true; fails after `seconds`."""
     end = time.monotonic() + seconds
     while True:
+        while GLib.MainContext.default().iteration(False):
+            pass  # hands the events that came to their listeners
         found = probe()
         if found:
             return found
@@ -99,9 +102,14 @@ try:
         fail(f"the reels before a spin: {names()}")
     if [c.getIndexInParent() for c in cells] != list(range(15)):
         fail(f"the reels stand at {[c.getIndexInParent() for c in cells]} among their surface's children")
+    # A screen reader hears of each reel's new name.
+    heard = []
+    pyatspi.Registry.registerEventListener(lambda e: heard.append((e.source.getRole(), e.source.name)),
+                                           "object:property-change:accessible-name")
     spin = find(window, lambda a: a.name == "SPIN" and a.getRole() == pyatspi.ROLE_PUSH_BUTTON)[0]
     spin.queryAction().doAction(0)
     poll("a reel named rolling", 10, lambda: "rolling" in names())
+    poll("word of a reel rolling", 5, lambda: (pyatspi.ROLE_IMAGE, "rolling") in heard)
 
     def stream():
         listed = subprocess.run(["pactl", "list", "sink-inputs"], capture_output=True, text=True).stdout
