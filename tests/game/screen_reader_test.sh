@@ -42,4 +42,4 @@ pactl info >/dev/null 2>&1 || fail "the sound server did not start: $(cat "$work
 
 dbus-run-session -- /usr/bin/python3 "$(dirname "$0")/screen_reader_test.py" \
   "$game" "$work/folder" "$work/refs" "$work/screen/Xvfb_screen0" 2>"$work/log" ||
-  fail "$(cat "$work/log")"
+  fail "what the game and the session said: $(grep -v '^dbus-daemon' "$work/log")"
