@@ -2,7 +2,6 @@
 // Making a picture's pixels where the painter's device shows them.
 #include "platform/picture/device_raster.h"
 
-#include <QPaintDevice>
 #include <QPainter>
 
 #include <cmath>
@@ -22,7 +21,6 @@ QImage transparentImage(QSize pixels)
 void DeviceRaster::paint(QPainter& painter, const QRectF& target, const Render& render) const
 {
     const QTransform device = painter.deviceTransform();
-    const double ratio = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
     if (device.type() > QTransform::TxScale) {
         // Turned or sheared (the game never does this): made at the largest
         // scale and drawn through the painter.
@@ -64,10 +62,16 @@ void DeviceRaster::paint(QPainter& painter, const QRectF& target, const Render& 
     }
     if (image.isNull())
         return;
+    // Undoing the painter's whole mapping (its own, the screen's pixel ratio
+    // and a widget's place in its window) leaves device pixels.
+    bool invertible = false;
+    const QTransform fromDevice = device.inverted(&invertible) * painter.worldTransform();
+    if (!invertible)
+        return;
     painter.save();
-    painter.resetTransform();  // what is left maps logical to device pixels by the ratio
+    painter.setWorldTransform(fromDevice);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(QRectF(QPointF(area.topLeft()) / ratio, QSizeF(area.size()) / ratio), image);
+    painter.drawImage(QRectF(area), image);
     painter.restore();
 }
 
