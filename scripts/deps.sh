@@ -12,9 +12,9 @@ packages=(
   xvfb xauth
 )
 # Tests also validate the desktop files, build and check the package (lintian),
-# look at the real program's windows (x11-utils),
+# look at and press keys in the real program's windows (x11-utils, x11-apps, xdotool, python3-numpy),
 # fuzz and sanitize.
-[ "${1:-}" = "--test" ] && packages+=(clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file lintian x11-utils)
+[ "${1:-}" = "--test" ] && packages+=(clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file lintian x11-utils x11-apps xdotool python3-numpy)
 
 missing=()
 for p in "${packages[@]}"; do
