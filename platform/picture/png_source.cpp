@@ -7,6 +7,7 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
+#include <QtEndian>
 
 namespace pictures {
 
@@ -45,12 +46,32 @@ private:
     DeviceRaster raster_;
 };
 
+// Whether the chunks run whole from the signature to the end chunk. A cut
+// file is told apart here, before libpng, which would complain on stderr.
+bool wholeChunks(const QByteArray& bytes)
+{
+    static const QByteArray signature("\x89PNG\r\n\x1a\n", 8);
+    if (!bytes.startsWith(signature))
+        return false;
+    for (qsizetype at = signature.size(); at + 12 <= bytes.size();) {
+        const quint32 length = qFromBigEndian<quint32>(bytes.constData() + at);
+        if (length > quint32(bytes.size() - at - 12))
+            return false;
+        if (bytes.mid(at + 4, 4) == "IEND")
+            return true;
+        at += 12 + qsizetype(length);
+    }
+    return false;
+}
+
 }  // namespace
 
 Loaded pngFromBytes(const QByteArray& bytes)
 {
     if (bytes.isEmpty())
         return {std::nullopt, QStringLiteral("the file is empty")};
+    if (!wholeChunks(bytes))
+        return {std::nullopt, QStringLiteral("the file is no PNG picture, or is cut short")};
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);

@@ -112,7 +112,7 @@ private slots:
         QTest::newRow("entity bomb") << "b.svg" << svg("<title>&a11;</title>", laughs + "]>") << "cannot be read";
         QTest::newRow("no size") << "n.svg" << QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>") << "no size";
         QTest::newRow("huge png") << "h.png" << hugePng() << "64 megapixels";
-        QTest::newRow("cut png") << "c.png" << png(Qt::red, {64, 64}).chopped(30) << "damaged";
+        QTest::newRow("cut png") << "c.png" << png(Qt::red, {64, 64}).chopped(30) << "cut short";
         QTest::newRow("drawing named png") << "s.png" << svg(green) << "no PNG";
         QTest::newRow("image, relative") << "0.svg" << svg(green + "<image href='../out.png'" + box) << "#00ff00 #00ff00 #00ff00";
         QTest::newRow("image, file url") << "0.svg" << svg(green + "<image xlink:href='file://OUT/out.png'" + box) << "#00ff00 #00ff00 #00ff00";
