@@ -30,6 +30,17 @@ head -c 200 "$assets/reelmoor.svg" >"$out/cut.svg"
 : >"$out/empty.svg"
 head -c 100 "$assets/reelmoor-64.png" >"$out/cut.png"
 : >"$out/empty.png"
+# A PNG whose header claims 100000 x 100000 pixels, its checksum made good:
+# refused for its size, before anything is allocated for it.
+python3 - "$assets/reelmoor-32.png" "$out/huge.png" <<'PY'
+import struct, sys, zlib
+data = bytearray(open(sys.argv[1], "rb").read())
+data[16:24] = struct.pack(">II", 100000, 100000)
+data[29:33] = struct.pack(">I", zlib.crc32(data[12:29]))
+open(sys.argv[2], "wb").write(data)
+PY
+err=$("$check" render "$out/huge.png" "$out/huge-out.png" 2>&1 >/dev/null)
+[ $? = 2 ] && case $err in *"larger than 64 megapixels"*) ;; *) false ;; esac || fail "huge PNG: [$err]"
 for bad in words.emf cut.emf missing.emf words.svg cut.svg empty.svg cut.png empty.png; do
   err=$("$check" render "$out/$bad" "$out/$bad.png" 2>&1 >/dev/null)
   status=$?
