@@ -36,10 +36,9 @@ class PictureFilesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    // The files of a symbol folder, and what the game makes of it: how many
-    // symbols, then symbol 0 stretched over 40 x 20 px on white, seen at x =
-    // 1, 12 and 20 of the middle row, and its title; or why it has none.
-    // A drawing that reaches outside its folder (or to the local server
+    // A symbol folder's files, and how many symbols the game finds there with
+    // symbol 0 over 40 x 20 px on white seen at x = 1, 12 and 20 and its title,
+    // or why none. A drawing that reaches outside its folder (or the server
     // standing in for the network) turns red where it would be green.
     void aFolder_data()
     {
