@@ -28,12 +28,13 @@ bool SymbolStrip::load(double devicePixelRatio)
     symbols_ = pictures::loadSymbols(QDir::current());
     resting_.clear();
     for (const Picture& picture : symbols_) {
-        // Drawn at its own size from the top-left corner, clipped to the buffer.
+        // A metafile at its own size from the top-left corner, a player's
+        // drawing or photo fitted; clipped to the buffer either way.
         QImage buffer = whiteBuffer(kSymbolSize, dpr_);
         QPainter painter(&buffer);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setClipRect(QRect(0, 0, kSymbolSize, kSymbolSize));
-        picture.paintNatural(painter);
+        picture.paintInCell(painter, QSizeF(kSymbolSize, kSymbolSize));
         painter.end();
         resting_.push_back(std::move(buffer));
     }

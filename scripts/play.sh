@@ -15,9 +15,24 @@ fi
 
 home=${XDG_DATA_HOME:-$HOME/.local/share}/reelmoor
 mkdir -p "$home"
+# A file of the player's own stays, and so does a symbol they drew: no link
+# to our n.emf where they have their own n.svg or n.png.
 for f in "$root"/assets/*; do
-  [ "$(basename "$f")" = README.md ] && continue
-  ln -sfn "$f" "$home/$(basename "$f")"
+  name=$(basename "$f")
+  dest=$home/$name
+  [ "$name" = README.md ] && continue
+  [ -e "$dest" ] && [ ! -L "$dest" ] && continue
+  if [[ $name =~ ^[0-9]+\.emf$ ]]; then
+    own=
+    for other in "$home/${name%.emf}.svg" "$home/${name%.emf}.png"; do
+      [ -e "$other" ] && [ ! -L "$other" ] && own=yes
+    done
+    if [ -n "$own" ]; then
+      rm -f "$dest"
+      continue
+    fi
+  fi
+  ln -sfn "$f" "$dest"
 done
 cd "$home"
 exec "${REELMOOR_BUILD_DIR:-$root/build}/game/reelmoor"

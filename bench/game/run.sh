@@ -4,11 +4,17 @@
 # many spins (bench_soak) of the game under a
 # real X server (Xvfb), in a folder holding the game's assets.
 # Usage: bench/game/run.sh [build-dir]
+# With SYMBOLS=svg or SYMBOLS=png the folder holds our symbols as drawings or
+# photos instead of metafiles, as a player's own set would be.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 build=$(realpath "${1:-$root/build}")
 work=$(mktemp -d)
 cp "$root"/assets/* "$work"/
+if [ -n "${SYMBOLS:-}" ]; then
+  rm "$work"/[0-9]*.emf
+  QT_QPA_PLATFORM=offscreen "$build/tools/pictures/reelmoor-pictures" --symbols-as "$SYMBOLS" "$work" 2>/dev/null
+fi
 cd "$work"
 if [ -z "${DISPLAY:-}" ]; then
   Xvfb :77 -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &

@@ -25,6 +25,9 @@ public:
         virtual void paint(QPainter& painter, const QRectF& target) const = 0;
         // The picture's own name for itself, if its file gives one.
         virtual QString title() const { return {}; }
+        // Whether it is scaled into a symbol's cell rather than drawn at its
+        // own size (see paintInCell).
+        virtual bool scalesIntoCell() const { return false; }
     };
 
     explicit Picture(std::shared_ptr<const Source> source) : source_(std::move(source)) {}
@@ -35,6 +38,11 @@ public:
     void paint(QPainter& painter, const QRectF& target) const;
     // Drawn at its natural size from the painter's origin.
     void paintNatural(QPainter& painter) const { paint(painter, QRectF(QPointF(0, 0), naturalSize())); }
+    // Drawn as a symbol into a cell from the painter's origin. A metafile
+    // keeps its own size from the top-left corner, as the game's own symbols
+    // always have; a drawing or photo from any other tool is scaled to fit
+    // the cell, aspect kept and centred, since few tools draw at 73 px.
+    void paintInCell(QPainter& painter, QSizeF cell) const;
     QString title() const { return source_->title(); }
 
 private:

@@ -4,7 +4,10 @@
 #include "platform/picture/picture_files.h"
 
 #include "platform/picture/emf_source.h"
+#include "platform/picture/png_source.h"
+#include "platform/picture/svg_source.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <array>
@@ -18,13 +21,33 @@ namespace {
 // has.
 constexpr std::array<const char*, 3> kSymbolSuffixes = {"emf", "svg", "png"};
 
+// Larger files are no symbols; refusing them bounds memory use.
+constexpr qint64 kMaxFileBytes = 32 * 1024 * 1024;
+
 }  // namespace
+
+FileBytes readPictureFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, QStringLiteral("the file cannot be read")};
+    QByteArray bytes = file.read(kMaxFileBytes + 1);
+    if (bytes.size() > kMaxFileBytes)
+        return {{}, QStringLiteral("the file is larger than 32 MiB")};
+    if (bytes.isEmpty())
+        return {{}, QStringLiteral("the file is empty")};
+    return {std::move(bytes), {}};
+}
 
 Loaded loadPicture(const QString& path)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (suffix == QLatin1String("emf"))
         return loadEmf(path);
+    if (suffix == QLatin1String("svg"))
+        return loadSvg(path);
+    if (suffix == QLatin1String("png"))
+        return loadPng(path);
     return {std::nullopt, QStringLiteral("the file is no picture the game reads (.emf, .svg or .png)")};
 }
 

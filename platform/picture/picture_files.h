@@ -4,6 +4,7 @@
 // a symbol's picture in a folder.
 #include "platform/picture/picture.h"
 
+#include <QByteArray>
 #include <QDir>
 #include <QString>
 
@@ -19,6 +20,14 @@ struct Loaded {
     std::optional<Picture> picture;
     QString why;  // when there is no picture: why, in a few words
 };
+
+// The bytes of a picture file, or why there are none: missing, unreadable,
+// empty, or larger than any picture the game takes.
+struct FileBytes {
+    QByteArray bytes;
+    QString why;
+};
+FileBytes readPictureFile(const QString& path);
 
 // Loads one picture file, its format told by its suffix (.emf, .svg, .png).
 Loaded loadPicture(const QString& path);

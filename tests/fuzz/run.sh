@@ -13,7 +13,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
 seconds=${1:-${REELMOOR_FUZZ_SECONDS:-60}}
 build=${REELMOOR_FUZZ_BUILD_DIR:-$root/build-fuzz}
-targets=(fuzz_picture fuzz_winners fuzz_bank)
+targets=(fuzz_picture fuzz_symbol_file fuzz_winners fuzz_bank)
 
 echo "== building the fuzz targets with clang in $build"
 mkdir -p "$build"

@@ -57,6 +57,22 @@ links_to "$folder/1.jpg" "$assets/1.jpg" || fail "a link to an old asset was not
 [ ! -L "$folder/clink.wav" ] && grep -qx "my own sound" "$folder/clink.wav" || fail "the player's own file was replaced"
 grep -qx notes "$folder/notes.txt" || fail "an unrelated file was touched"
 
+# Symbols the player drew win over ours: no link to n.emf where the player
+# has an n.svg or n.png of their own, and an old such link goes; a link
+# named n.svg does not count as the player's own.
+cp "$REELMOOR_SOURCE/assets/0.emf" "$assets/0.emf"
+cp "$REELMOOR_SOURCE/assets/1.emf" "$assets/1.emf"
+cp "$REELMOOR_SOURCE/assets/2.emf" "$assets/2.emf"
+launch env HOME="$home" "$fake/$BINDIR/reelmoor" || fail "the launcher failed"
+echo "<svg/>" >"$folder/0.svg"
+echo "png" >"$folder/1.png"
+ln -s "$work/old/1.jpg" "$folder/2.svg"
+launch env HOME="$home" "$fake/$BINDIR/reelmoor" || fail "the launcher failed with the player's symbols"
+[ ! -e "$folder/0.emf" ] && [ ! -L "$folder/0.emf" ] || fail "our 0.emf still shadows the player's 0.svg"
+[ ! -L "$folder/1.emf" ] || fail "our 1.emf still shadows the player's 1.png"
+links_to "$folder/2.emf" "$assets/2.emf" || fail "a link named 2.svg kept our 2.emf away"
+grep -qx "<svg/>" "$folder/0.svg" || fail "the player's 0.svg was touched"
+
 # XDG_DATA_HOME moves the folder when it is an absolute path, not otherwise.
 launch env HOME="$home" XDG_DATA_HOME="$work/xdg" "$fake/$BINDIR/reelmoor" || fail "the launcher failed"
 links_to "$work/xdg/reelmoor/1.jpg" "$assets/1.jpg" || fail "XDG_DATA_HOME was not used"

@@ -432,6 +432,25 @@ bool bankSeeds(const fs::path& folder)
     return true;
 }
 
+// The symbol-file target's seeds: a file of each format, behind the byte
+// that tells the target its format ('0' a metafile, '1' a drawing, '2' a PNG).
+bool symbolFileSeeds(const fs::path& folder, const fs::path& assets)
+{
+    const std::string effects =
+        "<svg xmlns='http://www.w3.org/2000/svg' width='73' height='73'><title>Seed</title>"
+        "<style>.a { fill: url(#g) }</style><linearGradient id='g'><stop stop-color='gold'/>"
+        "<stop offset='1' stop-color='red'/></linearGradient><filter id='b'><feGaussianBlur stdDeviation='3'/>"
+        "</filter><mask id='m'><circle cx='36' cy='36' r='30' fill='white'/></mask><rect class='a' width='73'"
+        " height='73' mask='url(#m)'/><rect x='20' y='20' width='30' height='30' filter='url(#b)' opacity='.5'/>"
+        "<text x='10' y='60' font-size='12'>7</text></svg>";
+    bool ok = writeBytes(folder / "effects.svg", "1" + effects);
+    for (const auto& [name, format] : {std::pair{"0.emf", '0'}, {"reelmoor.svg", '1'}, {"reelmoor-32.png", '2'}}) {
+        std::ifstream in(assets / name, std::ios::binary);
+        ok = ok && in && writeBytes(folder / name, format + std::string(std::istreambuf_iterator<char>(in), {}));
+    }
+    return ok;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -442,7 +461,7 @@ int main(int argc, char** argv)
     }
     const fs::path corpus(argv[1]);
     const fs::path assets(argv[2]);
-    for (const char* target : {"fuzz_picture", "fuzz_winners", "fuzz_bank"})
+    for (const char* target : {"fuzz_picture", "fuzz_symbol_file", "fuzz_winners", "fuzz_bank"})
         fs::create_directories(corpus / target);
 
     const fs::path pictures = corpus / "fuzz_picture";
@@ -453,7 +472,8 @@ int main(int argc, char** argv)
         && smallDevice(pictures / "small_device.emf");
     for (const char* asset : {"0.emf", "25.emf", "48.emf", "splash.emf"})
         ok = ok && fs::copy_file(assets / asset, pictures / asset, fs::copy_options::overwrite_existing);
-    ok = ok && winnersSeeds(corpus / "fuzz_winners") && bankSeeds(corpus / "fuzz_bank");
+    ok = ok && winnersSeeds(corpus / "fuzz_winners") && bankSeeds(corpus / "fuzz_bank")
+        && symbolFileSeeds(corpus / "fuzz_symbol_file", assets);
     if (!ok)
         std::fprintf(stderr, "could not write every seed\n");
     return ok ? 0 : 1;

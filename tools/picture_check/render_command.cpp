@@ -21,7 +21,7 @@ constexpr qint64 kReadLimit = 32 * 1024 * 1024 + 1;
 
 int usage()
 {
-    std::fprintf(stderr, "usage: reelmoor-picture-check render IN.emf OUT.png [--size N]\n");
+    std::fprintf(stderr, "usage: reelmoor-picture-check render IN.emf|IN.svg|IN.png OUT.png [--size N]\n");
     return 2;
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
-// reelmoor-picture-check render IN.emf OUT.png [--size N]
+// reelmoor-picture-check render IN.emf|IN.svg|IN.png OUT.png [--size N]
 #include <QStringList>
 
 namespace picture_check {

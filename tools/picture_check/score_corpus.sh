@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-2.0-or-later
-# Draws every .emf file of a folder into OUT_DIR/<name>.png at 256 × 256, the
+# Draws every .emf and .svg file of a folder into OUT_DIR/<name>.png at 256 × 256, the
 # way the renderer is measured against other renderers' drawings:
 #   score_corpus.sh FILES_DIR OUT_DIR [reelmoor-picture-check binary]
 # Refused files get no PNG; their reasons go to OUT_DIR/refused.txt.
@@ -14,8 +14,9 @@ out=$2
 tool=${3:-reelmoor-picture-check}
 mkdir -p "$out"
 : > "$out/refused.txt"
-for f in "$files"/*.emf; do
-    name=$(basename "$f" .emf)
+for f in "$files"/*.emf "$files"/*.svg; do
+    [ -e "$f" ] || continue
+    name=$(basename "$f"); name=${name%.*}
     rm -f "$out/$name.png"
     timeout 60 "$tool" render "$f" "$out/$name.png" 2>&1 >/dev/null |
         grep ': refused: ' >> "$out/refused.txt" || true

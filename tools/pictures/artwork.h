@@ -8,6 +8,9 @@ namespace pictures {
 // 0.emf ... 49.emf: symbol s is figure s / 5 in colour s % 5, 73 x 73 px,
 // and says so in its description ("red circle").
 bool makeSymbols(const QString& folder);
+// The same symbols as 0.svg ... 49.svg or 0.png ... 49.png (format "svg" or
+// "png"), for a folder like a player's own; never our assets.
+bool makeSymbolsAs(const QString& folder, const QString& format);
 // splash.emf: the splash window's background, 452 x 423 px, no text.
 bool makeSplash(const QString& folder);
 // 1.jpg, 3.jpg, 5.jpg, 7.jpg, 9.jpg: that many pay lines over a small grid.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Writes the game's artwork into a folder (the repository's assets/):
 //   reelmoor-pictures <folder>
+// or writes only the symbols, as drawings or photos a player might bring:
+//   reelmoor-pictures --symbols-as svg|png <folder>
 // or draws what is there onto one sheet with the game's decoder:
 //   reelmoor-pictures --preview <folder> <sheet.png>
 #include "tools/pictures/artwork.h"
@@ -20,8 +22,15 @@ int main(int argc, char** argv)
 
     if (args.size() == 4 && args[1] == "--preview")
         return pictures::writePreview(args[2], args[3]) ? 0 : 1;
+    if (args.size() == 4 && args[1] == "--symbols-as") {
+        if (QDir().mkpath(args[3]) && pictures::makeSymbolsAs(args[3], args[2]))
+            return 0;
+        std::fprintf(stderr, "could not write the symbols as %s into %s\n", qPrintable(args[2]), qPrintable(args[3]));
+        return 1;
+    }
     if (args.size() != 2) {
-        std::fprintf(stderr, "usage: reelmoor-pictures <folder> | --preview <folder> <sheet.png>\n");
+        std::fprintf(stderr, "usage: reelmoor-pictures <folder> | --symbols-as svg|png <folder>"
+                             " | --preview <folder> <sheet.png>\n");
         return 2;
     }
     const QString folder = args[1];

@@ -70,6 +70,21 @@ cp "$assets/0.emf" "$assets/1.emf" "$assets/3.emf" "$folder"
 echo "not a picture" > "$folder/2.emf"
 check "table folder" "reelmoor odds, 2 symbols:" \
     "$("$odds" table --folder "$folder" --threads 1 | head -n 1 | cut -d' ' -f1-4)"
+# Drawings and photos count as symbols too: 0.emf, 1.svg, 2.png and no 3.*
+# make three; fifty of either make fifty.
+rm "$folder"/*
+cp "$assets/0.emf" "$folder/0.emf"
+cp "$assets/reelmoor.svg" "$folder/1.svg"
+cp "$assets/reelmoor-32.png" "$folder/2.png"
+cp "$assets/reelmoor.svg" "$folder/4.svg"
+check "table mixed folder" "reelmoor odds, 3 symbols:" \
+    "$("$odds" table --folder "$folder" --threads 1 | head -n 1 | cut -d' ' -f1-4)"
+for own in reelmoor.svg reelmoor-32.png; do
+  rm "$folder"/*
+  for n in $(seq 0 49); do cp "$assets/$own" "$folder/$n.${own##*.}"; done
+  check "table folder of $own" "reelmoor odds, 50 symbols:" \
+      "$("$odds" table --folder "$folder" --threads 1 | head -n 1 | cut -d' ' -f1-4)"
+done
 
 sim=$("$odds" simulate --spins 200000 --symbols 10 --lines 5 --both --credits 2 --threads 2 --seed 4)
 check "simulate inside exact interval" "1" "$(printf '%s\n' "$sim" | grep -c '(inside the interval)')"
