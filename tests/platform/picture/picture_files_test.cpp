@@ -52,7 +52,7 @@ private slots:
         QByteArray laughs = "<!DOCTYPE svg [<!ENTITY a0 'laugh'>";
         for (int i = 1; i < 12; ++i)  // ten to the eleventh laughs
             laughs += "<!ENTITY a" + QByteArray::number(i) + " '" + ("&a" + QByteArray::number(i - 1) + ';').repeated(10) + "'>";
-        QTest::newRow("emf before svg") << Files{{"0.emf", emf}, {"0.svg", red}} << "1 #ffffff #f5aa14 #f5aa14";
+        QTest::newRow("emf before svg") << Files{{"0.emf", emf}, {"0.svg", red}} << "1 #ffffff #f5aa14 #f5aa14 gold circle";
         QTest::newRow("svg before png") << Files{{"0.svg", red}, {"0.png", png(Qt::blue)}} << "1 #ff0000 #ff0000 #ff0000";
         QTest::newRow("the first that loads") << Files{{"0.emf", bad}, {"0.svg", bad}, {"0.png", png(Qt::blue)}} << "1 #0000ff #0000ff #0000ff";
         QTest::newRow("damage ends the strip") << Files{{"0.png", png(Qt::red)}, {"1.svg", bad}, {"2.svg", red}} << "1 #ff0000 #ff0000 #ff0000";
