@@ -2,10 +2,11 @@
 // The main window as the player meets it: its designed places and pixels,
 // the keyboard order, a whole keyboard spin to a jackpot with its sounds, the
 // betting controls and the menu, and what it starts up with.
+#include "game/game_start.h"
 #include "game/reel_surface.h"
 #include "platform/caption_button.h"
-#include "platform/random.h"
 #include "platform/window_helpers.h"
+#include "screens/splash.h"
 #include "tests/support/game_fixture.h"
 #include "winners/closing_screen.h"
 
@@ -47,8 +48,6 @@ private slots:
     void initTestCase()
     {
         QVERIFY(stockFolder("all"));
-        fixture::fastPacing();
-        ClosingScreen::hooks().endProgram = [](bool) {};
     }
     // Windows a case left open (a closing screen, a window it let go) go
     // before the next case.
@@ -61,11 +60,11 @@ private slots:
 
     void opensAsDesigned()
     {
-        rnd::seed(1);
-        auto w = fixture::open("all");
+        fixture::Fakes fakes;
+        auto w = fixture::open("all", fakes.services());
         QVERIFY(w->startupError().isEmpty());
-        rnd::seed(1);  // each opening grid is drawn afresh from the clock
-        QVERIFY(w->reels().symbols() != fixture::open("all")->reels().symbols());
+        // Each random source is seeded afresh from the clock.
+        QVERIFY(w->reels().symbols() != fixture::open("all", fakes.services())->reels().symbols());
         QVERIFY(w->isVisible());
         QCOMPARE(w->windowTitle(), QString("REELMOOR"));
         const std::pair<const char*, QRect> places[] = {
@@ -135,17 +134,17 @@ private slots:
         script.add(0.75f, 15);    // every reel rolls forwards
         for (int cell = 0; cell < 15; ++cell)
             script.addSymbol(cell / 5 == 1 ? 49 : 6 * (cell % 5));
-        auto w = fixture::open("all", script.draw());
+        fixture::Fakes fakes;
+        auto w = fixture::open("all", fakes.services(script.draw()));
         QCOMPARE(w->reels().picture(14), 12 * 14);
         auto* spin = child<CaptionButton>(*w, "spinButton");
-        const int beeps = w->beepsSounded();
 
         QTest::keyClick(spin, Qt::Key_Return);
         QVERIFY(!spin->isEnabled());
         QVERIFY(!lineButton(*w, 0)->isEnabled() && !creditButton(*w, 9)->isEnabled());
         QVERIFY(!action(*w, "EXIT")->isEnabled());
-        QCOMPARE(w->player().fileName(), std::string("clink.wav"));
-        QCOMPARE(w->player().playCount(), 100000);
+        QCOMPARE(fakes->playing, std::string("clink.wav"));
+        QCOMPARE(fakes->playCount, 100000);
         QVERIFY(fixture::waitSettled(*w));
 
         // The resting pictures are drawn for this screen's device pixels.
@@ -153,13 +152,14 @@ private slots:
             QCOMPARE(child<ReelSurface>(*w, {})->cellPicture(cell)->devicePixelRatio(), w->devicePixelRatioF());
         QCOMPARE(w->game().symbols()[7], 49);
         QCOMPARE(w->game().symbols()[3], 18);
-        QCOMPARE(w->beepsSounded() - beeps, 15 + 10 * 5 + 150);
+        QCOMPARE(fakes->beeps, 15 + 10 * 5 + 150);
         QCOMPARE(text(*w, "paidBox"), QString("20551"));
         QCOMPARE(text(*w, "bankBox"), QString("23050"));
         QCOMPARE(text(*w, "netBox"), QString("20550"));
         QCOMPARE(child<QLabel>(*w, "netLabel")->text(), QString("NET GAIN"));
         QCOMPARE(w->game().bank(), Currency::fromWhole(23050));
-        QCOMPARE(w->player().fileName(), std::string());
+        QCOMPARE(fakes->playing, std::string());
+        QCOMPARE(fakes->played, QStringList{"clink.wav"});
         QVERIFY(spin->isEnabled() && action(*w, "EXIT")->isEnabled());
         QCOMPARE(w->focusWidget(), spin);
         QVERIFY(!child(*w, "rightArrow")->isHidden());  // blinked back as it was
@@ -168,18 +168,19 @@ private slots:
 
     void theControlsSetTheBet()
     {
-        auto w = fixture::open("all");
+        fixture::Fakes fakes;
+        auto w = fixture::open("all", fakes.services());
         QTest::mouseClick(lineButton(*w, 3), Qt::LeftButton);
-        QCOMPARE(w->player().fileName(), std::string("chimes.wav"));
+        QCOMPARE(fakes->playing, std::string("chimes.wav"));
         QCOMPARE(lineButton(*w, 3)->face(), QColor(255, 255, 0));
         QCOMPARE(lineButton(*w, 0)->face(), QColor(224, 224, 224));
         QTest::mouseClick(creditButton(*w, 2), Qt::LeftButton);
-        QCOMPARE(w->player().fileName(), std::string("clunk.wav"));
-        QCOMPARE(w->player().playCount(), 3);
+        QCOMPARE(fakes->playing, std::string("clunk.wav"));
+        QCOMPARE(fakes->playCount, 3);
         QCOMPARE(text(*w, "betBox"), QString("21"));
         auto* directions = child<CaptionButton>(*w, "directionsButton");
         QTest::mouseClick(directions, Qt::LeftButton);
-        QCOMPARE(w->player().fileName(), std::string("jackpot.wav"));
+        QCOMPARE(fakes->playing, std::string("jackpot.wav"));
         QCOMPARE(text(*w, "betBox"), QString("42"));
         QCOMPARE(directions->text(), QString("win one direction ------->"));
         QCOMPARE(directions->face(), QColor(255, 255, 0));
@@ -206,6 +207,8 @@ private slots:
         QCOMPARE(text(*w, "betBox"), QString("180"));
         QCOMPARE(lineButton(*w, 4)->face(), QColor(255, 255, 0));
         QCOMPARE(creditButton(*w, 9)->face(), QColor(255, 255, 0));
+        // Both ways were on already: the credits' and the lines' sounds, and the spin's.
+        QCOMPARE(fakes->played.mid(3), (QStringList{"clunk.wav", "chimes.wav", "clink.wav"}));
         QVERIFY(!child(*w, "spinButton")->isEnabled());
         QVERIFY(fixture::waitSettled(*w));
         QTest::mouseClick(child(*w, "spinButton"), Qt::LeftButton);  // and the next spin
@@ -217,8 +220,10 @@ private slots:
     // window then brings up the closing screen once, with the bank as settled.
     void aSpinIgnoresThePlayerAndClosingEndsIt()
     {
-        pacing().timerScale = 1;  // the reels roll two seconds at least
-        auto w = fixture::open("all");
+        fixture::Fakes fakes;
+        Services services = fakes.services();
+        services.pacing.timerScale = 1;  // the reels roll two seconds at least
+        auto w = fixture::open("all", services);
         const QSize size = w->size();
         QTest::keyClick(child(*w, "spinButton"), Qt::Key_Space);
         QTest::keyClick(w.get(), Qt::Key_A, Qt::ControlModifier);
@@ -235,7 +240,6 @@ private slots:
         QCOMPARE(w->game().creditScale(), 0);
         QCOMPARE(w->game().creditsPerLine(), Currency::fromWhole(1));
         QCOMPARE(text(*w, "betBox"), QString("1"));
-        fixture::fastPacing();
 
         const int before = shownClosingScreens();
         w.release()->close();
@@ -245,10 +249,12 @@ private slots:
                 QCOMPARE(screen->printedCredits(), QString(" 0 "));
         QTest::qWait(50);
         QCOMPARE(shownClosingScreens(), before + 1);
+        QVERIFY(fakes->ends.isEmpty());
     }
 
-    // Which files start-up needs: the line button pictures and "0.emf"; the
-    // symbols end at the first that cannot be read, and at fifty. "+f" adds a
+    // Which files start-up needs: the line button pictures and "0.emf", or
+    // the player is told which is missing; the symbols end at the first that
+    // cannot be read, and at fifty. "+f" adds a
     // copy of a symbol as f, "!f" spoils f's bytes, anything else is removed.
     void startsWithTheFilesItFinds_data()
     {
@@ -278,10 +284,17 @@ private slots:
                     : f.startsWith('!') ? spoilt.open(QIODevice::ReadWrite) && spoilt.write("\0\0\0\0", 4) == 4
                                         : QFile::remove("some/" + f));
         }
-        auto w = fixture::open("some");
-        QCOMPARE(w->startupError(), error);
-        if (error.isEmpty())
-            QCOMPARE(w->reels().pictureCount(), 12 * symbols);
+        fixture::Fakes fakes;
+        MainWindow* w = nullptr;  // the splash screen closes and goes by itself
+        QCOMPARE(fixture::inDir("some", [&] { return startGame(new SplashScreen, fakes.services(), &w); }),
+                 error.isEmpty());
+        if (error.isEmpty()) {
+            QCOMPARE(std::unique_ptr<MainWindow>(w)->reels().pictureCount(), 12 * symbols);
+            QVERIFY(fakes->messages.isEmpty());
+        } else {
+            QCOMPARE(fakes->kinds, QList<MessageKind>{MessageKind::Note});
+            QVERIFY(fakes->messages[0].contains('"' + error + "\" is missing"));
+        }
     }
 };
 

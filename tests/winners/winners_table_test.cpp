@@ -3,6 +3,7 @@
 // ten records and full of random bytes, read-only, or in a read-only
 // folder. Whatever the player did not replace is still there afterwards;
 // a table that cannot be stored is one message, and the old file stays.
+#include "tests/support/fake_services.h"
 #include "tests/winners/file_bytes.h"
 #include "winners/closing_screen.h"
 #include "winners/winners_file.h"
@@ -44,15 +45,14 @@ const Currency kRich = Currency::fromWhole(1'000'000'000'000LL);  // beats every
 class WinnersTableTest : public QObject {
     Q_OBJECT
 
-    QStringList messages;
-    QList<bool> ends;
+    fixture::Fakes fakes;
     std::unique_ptr<QTemporaryDir> scratch;
     QString home;
 
     // The closing screen for a player who beats every row: "ME" and Enter.
     void takeTheFirstRow()
     {
-        ClosingScreen deck(kRich);
+        ClosingScreen deck(kRich, fakes.services());
         deck.show();
         QVERIFY(deck.row(0) && !deck.row(0)->isReadOnly());
         QTest::keyClicks(deck.row(0), "ME");
@@ -63,10 +63,7 @@ class WinnersTableTest : public QObject {
 private slots:
     void init()
     {
-        messages.clear();
-        ends.clear();
-        ClosingScreen::hooks().endProgram = [this](bool stored) { ends << stored; };
-        ClosingScreen::hooks().tellPlayer = [this](QWidget*, const QString& text) { messages << text; };
+        fakes = {};
         home = QDir::currentPath();
         scratch = std::make_unique<QTemporaryDir>();
         QVERIFY(scratch->isValid());
@@ -96,8 +93,8 @@ private slots:
                 QCOMPARE(after.mid(24, size - 24), before.mid(24));
             QVERIFY(!QFile::exists("name.dat.tmp"));
         }
-        QCOMPARE(ends.size(), 301);
-        QVERIFY(messages.isEmpty());
+        QCOMPARE(fakes->ends.size(), 301);
+        QVERIFY(fakes->messages.isEmpty());
     }
 
     // The player keeps the file from being changed: it stays as it is, and the
@@ -114,9 +111,9 @@ private slots:
             QCOMPARE(readFile("name.dat"), before);
             QVERIFY(!QFileInfo("name.dat").isWritable());
             QVERIFY(!QFile::exists("name.dat.tmp"));
-            QCOMPARE(ends, QList<bool>{false});
-            QCOMPARE(messages.size(), 1);
-            QVERIFY2(messages[0].contains("name.dat"), qPrintable(messages[0]));
+            QCOMPARE(fakes->ends, QList<bool>{false});
+            QCOMPARE(fakes->messages.size(), 1);
+            QVERIFY2(fakes->messages[0].contains("name.dat"), qPrintable(fakes->messages[0]));
         }
     }
 
@@ -128,8 +125,8 @@ private slots:
             QVERIFY(runAsNobody("aReadOnlyFolder"));
         else {
             for (bool fileToo : {false, true}) {
-                messages.clear();
-                ends.clear();
+                fakes->messages.clear();
+                fakes->ends.clear();
                 ::chmod(".", 0700);
                 QFile::remove("name.dat");
                 const QByteArray before = randomBytes(240, 2);
@@ -139,9 +136,9 @@ private slots:
                 QCOMPARE(::chmod(".", 0500), 0);
                 takeTheFirstRow();
                 QCOMPARE(readFile("name.dat"), before);
-                QCOMPARE(ends, QList<bool>{false});
-                QCOMPARE(messages.size(), 1);
-                QVERIFY2(messages[0].contains("name.dat"), qPrintable(messages[0]));
+                QCOMPARE(fakes->ends, QList<bool>{false});
+                QCOMPARE(fakes->messages.size(), 1);
+                QVERIFY2(fakes->messages[0].contains("name.dat"), qPrintable(fakes->messages[0]));
                 QVERIFY(!QFile::exists("name.dat.tmp"));
             }
         }
@@ -157,8 +154,8 @@ private slots:
             QCOMPARE(::chmod(".", 0500), 0);
             takeTheFirstRow();
             QVERIFY(!QFile::exists("name.dat"));
-            QCOMPARE(ends, QList<bool>{false});
-            QCOMPARE(messages.size(), 1);
+            QCOMPARE(fakes->ends, QList<bool>{false});
+            QCOMPARE(fakes->messages.size(), 1);
         }
     }
 };
