@@ -2,6 +2,7 @@
 #pragma once
 // The arithmetic of settling one spin, free of any window: what the main
 // window then shows, in the order it shows it.
+#include "rules/bets.h"
 #include "rules/currency.h"
 #include "rules/grid.h"
 #include "rules/paylines.h"
@@ -9,8 +10,6 @@
 #include <array>
 #include <string_view>
 #include <vector>
-
-inline constexpr std::int64_t kStartingBank = 2500;
 
 struct Settlement {
     Currency bank;                       // after the bet, the wins and any refill
