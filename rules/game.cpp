@@ -52,8 +52,6 @@ bool Game::betMax()
 Settlement Game::settle(std::string_view bankText)
 {
     const Settlement s = ::settle(bankText, lines_, creditsPerLine_, bothWays_, symbols_);
-    bank_ = readBank(bankText) - s.bet;
-    if (s.paid)
-        bank_ = bank_ + s.totalPaid;
+    bank_ = s.bankBeforeRefill;
     return s;
 }

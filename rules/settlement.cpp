@@ -124,6 +124,7 @@ Settlement settle(std::string_view bankText, int lines, Currency creditsPerLine,
     if (s.jackpot)
         s.winning.fill(true);
 
+    s.bankBeforeRefill = s.bank;
     s.refilled = s.bank <= Currency();
     if (s.refilled)
         s.bank = start;

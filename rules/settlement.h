@@ -13,6 +13,7 @@
 
 struct Settlement {
     Currency bank;                       // after the bet, the wins and any refill
+    Currency bankBeforeRefill;           // after the bet and the wins: the bank while this is shown
     Currency bet;
     // What each pay line read, per credit bet: line k at k - 1.
     std::array<Currency, kPayLineCount> leftToRight{};

@@ -104,6 +104,8 @@ private slots:
         QTest::newRow("win") << "2500" << 0 << qint64(2499 + 2052) << qint64(2499 + 2052);
         QTest::newRow("refill") << "1" << -1 << qint64(0) << qint64(2500);
         QTest::newRow("unreadable") << "lots" << -1 << qint64(-1) << qint64(2500);
+        const qint64 top = Currency::kMaxWhole;  // a win there still leaves a whole number of credits
+        QTest::newRow("win at the top") << QString::number(top) << 0 << top << top;
         QTest::newRow("new game") << QString::fromStdString(Game::newGameBankText()) << -1 << qint64(2499)
                                   << qint64(2499);
     }
