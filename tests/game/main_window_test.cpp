@@ -101,6 +101,7 @@ private slots:
         QCOMPARE(grab.pixelColor(20, 228), QColor(Qt::black));
         QCOMPARE(grab.pixelColor(20, 229), QColor(224, 224, 224));
         QCOMPARE(grab.pixelColor(158, 223), QColor(Qt::white));
+        QCOMPARE(grab.pixelColor(634, 223), QColor(Qt::white));  // the last column's strip
         QCOMPARE(grab.pixelColor(158, 225), QColor(Qt::black));
         QCOMPARE(grab.pixelColor(396, 114), QColor(0, 0, 128));
         QCOMPARE(grab.pixelColor(152, 114), QColor(0, 0, 128));  // from 50 pixels left of the first column

@@ -24,8 +24,7 @@ struct World : SoundOutput {
     QList<bool> ends;    // each end of the program: whether the table was stored
     // The winners file's writes take at most chunk bytes each, as a busy disk
     // may; once room bytes have gone, a write fails as on a full disk.
-    std::size_t chunk = 100;
-    std::size_t room = std::size_t(-1);
+    std::size_t chunk = 100, room = std::size_t(-1);
     QByteArray written;
 
     void play(const std::string& file, int count) override

@@ -102,6 +102,7 @@ private slots:
         QByteArray expected = defaultFile();
         expected.replace(24, 24, record("ABC", 47000));  // the 45000 entry is gone
         QCOMPARE(readFile("name.dat"), expected);
+        QCOMPARE(fakes_->written, expected);  // in writes of 100 bytes at most
     }
 
     void fromAFile_thePlayersRowShowsTheCreditsWithAnEmptyName()
