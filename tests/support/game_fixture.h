@@ -40,12 +40,8 @@ struct Script {
     void addSymbol(int s) { add((12.0f * float(s) + 6.0f) / 600.0f); }
     Draw draw() const
     {
-        return [n = numbers] {
-            if (n->empty())
-                return 0.75f;
-            const float r = n->front();
-            n->pop_front();
-            return r;
+        return [n = numbers, next = std::make_shared<std::size_t>(0)] {
+            return *next < n->size() ? (*n)[(*next)++] : 0.75f;
         };
     }
 };
