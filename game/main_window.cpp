@@ -111,7 +111,8 @@ void MainWindow::buildMenu()
     divideAction_->setEnabled(false);
     sessionActions_ = {
         timesTenAction_,
-        item(QStringLiteral("start table of winners over"), "Ctrl+C", [this] { startTableOfWinnersOver(this, services_); }),
+        item(QStringLiteral("start table of winners over"), "Ctrl+C",
+             [this] { startTableOfWinnersOver(this, services_); }),
         item(QStringLiteral("NEW GAME"), "Ctrl+N", [this] { newGame(); }),
         item(QStringLiteral("EXIT"), "Ctrl+X", [this] { close(); }),
         item(QStringLiteral("DISPLAY PAY TABLE"), "Ctrl+P", [this] { showPayTable(); }),
