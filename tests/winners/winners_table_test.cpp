@@ -12,8 +12,9 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QTest>
+
+#include <optional>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -46,8 +47,7 @@ class WinnersTableTest : public QObject {
     Q_OBJECT
 
     fixture::Fakes fakes;
-    std::unique_ptr<QTemporaryDir> scratch;
-    QString home;
+    std::optional<ScratchDir> scratch;
 
     // The closing screen for a player who beats every row: "ME" and Enter.
     void takeTheFirstRow()
@@ -64,16 +64,12 @@ private slots:
     void init()
     {
         fakes = {};
-        home = QDir::currentPath();
-        scratch = std::make_unique<QTemporaryDir>();
-        QVERIFY(scratch->isValid());
-        QDir::setCurrent(scratch->path());
+        scratch.emplace();
     }
 
     void cleanup()
     {
-        QDir::setCurrent(home);
-        ::chmod(qPrintable(scratch->path()), 0700);
+        ::chmod(".", 0700);  // a case may have taken the folder's permission to write
         scratch.reset();
     }
 
