@@ -78,7 +78,8 @@ private slots:
         for (const auto& [name, place] : places)
             QCOMPARE(child(*w, name)->geometry(), place);
         // The result boxes only show; the bank box takes what the player types.
-        QVERIFY(child<QLineEdit>(*w, "paidBox")->isReadOnly() && !child<QLineEdit>(*w, "bankBox")->isReadOnly());
+        for (const char* box : {"paidBox", "betBox", "netBox"})
+            QVERIFY(child<QLineEdit>(*w, box)->isReadOnly() && !child<QLineEdit>(*w, "bankBox")->isReadOnly());
         QCOMPARE(child(*w, "bankBox")->font(), win::courierBold(18));
         QCOMPARE(text(*w, "paidBox"), QString("0"));
         QCOMPARE(text(*w, "bankBox"), QString("2500"));
@@ -162,6 +163,7 @@ private slots:
         QCOMPARE(fakes->playing, std::string());
         QCOMPARE(fakes->played, QStringList{"clink.wav"});
         QVERIFY(spin->isEnabled() && action(*w, "EXIT")->isEnabled());
+        QVERIFY(!action(*w, "credits divided by 10")->isEnabled());  // still no way down from one credit
         QCOMPARE(w->focusWidget(), spin);
         QVERIFY(!child(*w, "rightArrow")->isHidden());  // blinked back as it was
         QVERIFY(child(*w, "leftArrow")->isHidden());
@@ -291,7 +293,8 @@ private slots:
         QCOMPARE(started, error.isEmpty());
         const std::unique_ptr<MainWindow> window(w);
         QCOMPARE(fakes->kinds, error.isEmpty() ? QList<MessageKind>() : QList<MessageKind>{MessageKind::Note});
-        QVERIFY(w ? w->reels().pictureCount() == 12 * symbols : fakes->messages[0].contains('"' + error + "\" is missing"));
+        QVERIFY(w ? w->reels().pictureCount() == 12 * symbols
+                  : fakes->messages[0].contains('"' + error + "\" is missing"));
     }
 };
 
