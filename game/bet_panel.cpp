@@ -43,7 +43,7 @@ QString BetPanel::layOut()
     const double sw = surface_->width();
     const double sh = surface_->height();
     const int width = static_cast<int>(sw / 13);
-    for (int i = 0; i < Game::kLineChoices; ++i) {
+    for (int i = 0; i < static_cast<int>(kLineChoices.size()); ++i) {
         const int lines = 2 * i + 1;
         const QString file = QString::number(lines) + QStringLiteral(".jpg");
         const QImage picture = QImageReader(file).read();
@@ -63,7 +63,7 @@ QString BetPanel::layOut()
     const double top = 304;
     const double cw = sw / 8;
     const double ch = (sh - top) / 8;
-    for (int i = 0; i < Game::kCreditChoices; ++i) {
+    for (int i = 0; i < kCreditChoices; ++i) {
         const int c = i % 5, r = i / 5;
         CaptionButton* b = creditButtons_[static_cast<std::size_t>(i)] =
             makeButton(surface_, QStringLiteral("creditButton%1").arg(i), QString(), 8);
@@ -82,9 +82,9 @@ QString BetPanel::layOut()
 // the power of ten in force, the directions, and the bet.
 void BetPanel::show(const Game& game)
 {
-    for (int i = 0; i < Game::kLineChoices; ++i)
+    for (int i = 0; i < static_cast<int>(kLineChoices.size()); ++i)
         lineButtons_[static_cast<std::size_t>(i)]->setFace(i == game.chosenLines() ? win::kChosen : win::kFace);
-    for (int i = 0; i < Game::kCreditChoices; ++i) {
+    for (int i = 0; i < kCreditChoices; ++i) {
         CaptionButton* b = creditButtons_[static_cast<std::size_t>(i)];
         b->setFace(i == game.chosenCredits() ? win::kChosen : win::kFace);
         const QString caption = QString::fromStdString(game.creditCaption(i));

@@ -3,7 +3,9 @@
 // The start of the game: the splash screen on screen, the main window made
 // behind it. False when the game cannot start (a picture it needs is
 // missing); the player has then been told which.
+#include "platform/services.h"
+
 class MainWindow;
 class SplashScreen;
 
-bool startGame(SplashScreen* splash, MainWindow** mainWindow = nullptr);
+bool startGame(SplashScreen* splash, const Services& services, MainWindow** mainWindow = nullptr);

@@ -36,7 +36,7 @@ int main(int argc, char** argv)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 
     auto* splash = new SplashScreen;
-    if (!startGame(splash))
+    if (!startGame(splash, desktopServices()))
         return 1;
     return app.exec();
 }

@@ -6,7 +6,6 @@
 #include "game/reel_surface.h"
 #include "game/result_panel.h"
 #include "platform/caption_button.h"
-#include "platform/random.h"
 #include "platform/window_helpers.h"
 #include "winners/closing_screen.h"
 #include "winners/start_over.h"
@@ -24,14 +23,10 @@ constexpr int kClientWidth = 793;
 constexpr int kClientHeight = 550;
 }
 
-MainWindow::MainWindow(Draw draw, QWidget* parent) : QMainWindow(parent), draw_(std::move(draw))
+MainWindow::MainWindow(Services services, QWidget* parent) : QMainWindow(parent), services_(std::move(services))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     dpr_ = screen() ? screen()->devicePixelRatio() : 1.0;
-    if (!draw_) {
-        rnd::seedFromTimeOfDay();
-        draw_ = rnd::draw;
-    }
     buildControls();
     win::centreOnScreen(this);
     startupError_ = betPanel_->layOut();
@@ -66,7 +61,7 @@ void MainWindow::buildControls()
     surface_ = new ReelSurface(payLines_, this);
     surface_->setFixedSize(kClientWidth, kClientHeight);
     setCentralWidget(surface_);
-    spinner_ = new ReelSpinner(surface_, this);
+    spinner_ = new ReelSpinner(surface_, services_.pacing, this);
     connect(spinner_, &ReelSpinner::reelStopped, this, &MainWindow::beep);
     connect(spinner_, &ReelSpinner::passDone, this, &MainWindow::passDone);
     connect(spinner_, &ReelSpinner::finished, this, [this] {
@@ -76,7 +71,7 @@ void MainWindow::buildControls()
     });
     buildMenu();
 
-    results_ = new ResultPanel(surface_);
+    results_ = new ResultPanel(surface_, services_.pacing.tickMs);
     connect(results_, &ResultPanel::flashed, this, &MainWindow::flash);
     connect(results_, &ResultPanel::presented, this, &MainWindow::endSettlement);
     betPanel_ = new BetPanel(surface_);
@@ -93,7 +88,7 @@ void MainWindow::buildControls()
     audioRest_.setParent(this);
     audioRest_.setSingleShot(true);
     connect(&audioRest_, &QTimer::timeout, this, [this] {
-        if (!restAudioWhenSilent())
+        if (!services_.sound->restWhenSilent())
             audioRest_.start(500);
     });
 
@@ -116,7 +111,8 @@ void MainWindow::buildMenu()
     divideAction_->setEnabled(false);
     sessionActions_ = {
         timesTenAction_,
-        item(QStringLiteral("start table of winners over"), "Ctrl+C", [this] { startTableOfWinnersOver(this); }),
+        item(QStringLiteral("start table of winners over"), "Ctrl+C",
+             [this] { startTableOfWinnersOver(this, services_); }),
         item(QStringLiteral("NEW GAME"), "Ctrl+N", [this] { newGame(); }),
         item(QStringLiteral("EXIT"), "Ctrl+X", [this] { close(); }),
         item(QStringLiteral("DISPLAY PAY TABLE"), "Ctrl+P", [this] { showPayTable(); }),
@@ -134,20 +130,18 @@ void MainWindow::showOpening()
     show();
     drawPayLines();
     spinButton_->setFocus();
-    spinner_->rest(draw_);
+    spinner_->rest(services_.draw);
 }
 
 void MainWindow::play(const char* file, int count)
 {
-    player_.setPlayCount(count);
-    player_.setFileName(file);
+    services_.sound->play(file, count);
     audioRest_.start(3000);
 }
 
 void MainWindow::beep()
 {
-    ++beeps_;
-    systemBeep();
+    services_.sound->beep();
     audioRest_.start(3000);
 }
 
@@ -158,7 +152,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     stopEverything();
     if (!closingScreenShown_) {
         closingScreenShown_ = true;
-        auto* screen = new ClosingScreen(game_.bank());
+        auto* screen = new ClosingScreen(game_.bank(), services_);
         screen->setAttribute(Qt::WA_DeleteOnClose);
         screen->show();
     }
@@ -171,6 +165,6 @@ void MainWindow::stopEverything()
         spinner_->stop();
     if (results_)
         results_->stop();
-    player_.setFileName("");
+    services_.sound->play("", 1);
     audioRest_.stop();
 }

@@ -6,7 +6,7 @@
 // the reels a ReelSpinner, the results a ResultPanel; this window wires them
 // together.
 #include "game/reel_spinner.h"
-#include "platform/sound/media_player.h"
+#include "platform/services.h"
 #include "presentation/segment_pool.h"
 #include "rules/game.h"
 #include "rules/reel_motion.h"
@@ -28,16 +28,15 @@ class MainWindow : public QMainWindow {
 public:
     // Runs the whole start-up; the window shows itself at its end. When a
     // picture the game cannot do without is missing, start-up stops and
-    // startupError() names the file. draw is the game's random source.
-    explicit MainWindow(Draw draw = {}, QWidget* parent = nullptr);
+    // startupError() names the file. services: the world outside the game,
+    // passed on to the windows this one opens.
+    explicit MainWindow(Services services, QWidget* parent = nullptr);
     ~MainWindow() override;
     const QString& startupError() const { return startupError_; }
 
     // Read-only views for whoever checks the game.
     const Game& game() const { return game_; }
     const Reels& reels() const { return spinner_->reels(); }
-    const MediaPlayer& player() const { return player_; }
-    int beepsSounded() const { return beeps_; }
 
 signals:
     // The settlement of a spin has ended and the controls are back.
@@ -76,7 +75,7 @@ private:
     void play(const char* file, int count = 1);
     void beep();
 
-    Draw draw_;
+    Services services_;
     Game game_;
     SegmentPool payLines_;
     bool spinning_ = false;
@@ -91,10 +90,8 @@ private:
     QAction* divideAction_ = nullptr;
     QList<QAction*> sessionActions_;
     QTimer audioRest_;  // lets the audio device rest once all is quiet
-    MediaPlayer player_;
 
     QString startupError_;
     bool closingScreenShown_ = false;
     double dpr_ = 1.0;
-    int beeps_ = 0;
 };

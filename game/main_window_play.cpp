@@ -109,7 +109,7 @@ void MainWindow::spin()
     play("clink.wav", 100000);
 
     // Each reel stops on its own, 2 to 6 seconds from now.
-    const SpinPlan plan = planSpin(draw_, spinner_->strip().symbolCount());
+    const SpinPlan plan = planSpin(services_.draw, spinner_->strip().symbolCount());
     payLines_.hideAll();
     surface_->segmentsChanged();
     spinner_->spin(plan);

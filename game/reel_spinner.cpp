@@ -2,11 +2,11 @@
 #include "game/reel_spinner.h"
 
 #include "game/reel_surface.h"
-#include "platform/pacing.h"
 
 #include <cmath>
 
-ReelSpinner::ReelSpinner(ReelSurface* surface, QObject* parent) : QObject(parent), surface_(surface)
+ReelSpinner::ReelSpinner(ReelSurface* surface, const Pacing& pacing, QObject* parent)
+    : QObject(parent), surface_(surface), pacing_(pacing)
 {
     for (std::size_t i = 0; i < stopTimers_.size(); ++i) {
         QTimer& t = stopTimers_[i];
@@ -40,9 +40,9 @@ void ReelSpinner::rest(const Draw& draw)
 void ReelSpinner::spin(const SpinPlan& plan)
 {
     for (std::size_t i = 0; i < stopTimers_.size(); ++i)
-        stopTimers_[i].start(static_cast<int>(std::lround(plan.stopAfterMs[i] * pacing().timerScale)));
+        stopTimers_[i].start(static_cast<int>(std::lround(plan.stopAfterMs[i] * pacing_.timerScale)));
     reels_.start(plan);
-    passTimer_.start(pacing().passMs);
+    passTimer_.start(pacing_.passMs);
 }
 
 void ReelSpinner::stop()

@@ -4,6 +4,7 @@
 // stopping timer, and the passes that roll the running reels one picture on
 // and show every cell, until a pass finds all of them stopped.
 #include "game/symbol_strip.h"
+#include "platform/pacing.h"
 #include "rules/reel_motion.h"
 
 #include <QObject>
@@ -16,7 +17,7 @@ class ReelSurface;
 class ReelSpinner : public QObject {
     Q_OBJECT
 public:
-    ReelSpinner(ReelSurface* surface, QObject* parent);
+    ReelSpinner(ReelSurface* surface, const Pacing& pacing, QObject* parent);
 
     // Loads the symbols; false when not even the first could be read.
     bool load(double devicePixelRatio);
@@ -41,6 +42,7 @@ private:
     void showCells();
 
     ReelSurface* surface_;
+    Pacing pacing_;
     SymbolStrip strip_;
     Reels reels_{1};
     std::array<QTimer, kCells> stopTimers_;

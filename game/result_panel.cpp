@@ -15,7 +15,7 @@ namespace {
 QString amountText(Currency c) { return QString::fromStdString(c.text()); }
 }
 
-ResultPanel::ResultPanel(QWidget* surface) : QObject(surface), strobe_(this)
+ResultPanel::ResultPanel(QWidget* surface, int tickMs) : QObject(surface), strobe_(tickMs, this)
 {
     // The labels first: the boxes overlap them and stack above.
     QLabel* paidLabel = makeLabel(surface, QStringLiteral("credits paid"), {72, 376, 201, 41}, Qt::AlignHCenter);

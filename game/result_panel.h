@@ -19,7 +19,8 @@ class QWidget;
 class ResultPanel : public QObject {
     Q_OBJECT
 public:
-    explicit ResultPanel(QWidget* surface);
+    // tickMs: one tick of the strobe's clock.
+    ResultPanel(QWidget* surface, int tickMs);
 
     QLineEdit* bankBox() const { return bankBox_; }
     std::string bankText() const;

@@ -2,30 +2,17 @@
 #include "platform/random.h"
 
 #include <chrono>
+#include <memory>
 #include <random>
 
 namespace rnd {
-namespace {
-std::mt19937_64& engine()
-{
-    static std::mt19937_64 e{0x5eedULL};
-    return e;
-}
-}
-
-void seed(std::uint64_t value) { engine().seed(value); }
-
-void seedFromTimeOfDay()
+std::function<float()> fromTimeOfDay()
 {
     using namespace std::chrono;
     const auto now = system_clock::now().time_since_epoch();
-    seed(static_cast<std::uint64_t>(duration_cast<nanoseconds>(now).count()));
-}
-
-float draw()
-{
+    auto engine = std::make_shared<std::mt19937_64>(static_cast<std::uint64_t>(duration_cast<nanoseconds>(now).count()));
     // 24 random bits make every single-precision step of [0, 1) equally likely
     // and can never round up to 1.
-    return static_cast<float>(engine()() >> 40) * (1.0f / 16777216.0f);
+    return [engine] { return static_cast<float>((*engine)() >> 40) * (1.0f / 16777216.0f); };
 }
 }

@@ -3,15 +3,12 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QScreen>
 #include <QWidget>
 
 #include <cmath>
 
 namespace win {
-std::function<void(const QString&, const QString&)> messageHook;
-
 int pointsToPixels(double points) { return static_cast<int>(std::lround(points * 96.0 / 72.0)); }
 
 QFont courierBold(double points)
@@ -66,15 +63,5 @@ void centreOnScreen(QWidget* window)
         !window->windowFlags().testFlag(Qt::FramelessWindowHint) &&
         !window->findChild<QObject*>(kCentreWhenFramed, Qt::FindDirectChildrenOnly))
         window->installEventFilter(new CentreWhenFramed(window));
-}
-
-void showMessage(QWidget* parent, const QString& caption, const QString& text)
-{
-    if (messageHook) {
-        messageHook(caption, text);
-        return;
-    }
-    QMessageBox box(QMessageBox::NoIcon, caption, text, QMessageBox::Ok, parent);
-    box.exec();
 }
 }

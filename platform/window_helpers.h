@@ -5,8 +5,6 @@
 #include <QFont>
 #include <QString>
 
-#include <functional>
-
 class QWidget;
 
 namespace win {
@@ -29,8 +27,4 @@ QFont courierBold(double points);
 // Places a top-level window in the middle of its screen, frame included
 // when the window system has told its size.
 void centreOnScreen(QWidget* window);
-
-// A modal message with an OK button; tests replace it through messageHook.
-void showMessage(QWidget* parent, const QString& caption, const QString& text);
-extern std::function<void(const QString& caption, const QString& text)> messageHook;
 }

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "presentation/strobe.h"
 
-#include "platform/pacing.h"
-
-Strobe::Strobe(QObject* parent) : QObject(parent)
+Strobe::Strobe(int tickMs, QObject* parent) : QObject(parent), tickMs_(tickMs)
 {
     timer_.setParent(this);
     timer_.setSingleShot(true);
@@ -46,5 +44,5 @@ void Strobe::step()
     if (!blank_)
         --flashesLeft_;
     half_(blank_);
-    timer_.start(pacing().tickMs);
+    timer_.start(tickMs_);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // The flashing of winning cells: ten flashes per winning cell, each a blank
-// half and a shown half lasting one tick of the clock. Whoever runs it draws
+// half and a shown half lasting one tick of the clock (tickMs). Whoever runs it draws
 // the halves; the strobe only counts and keeps time.
 #include <QObject>
 #include <QTimer>
@@ -10,7 +10,7 @@
 
 class Strobe : public QObject {
 public:
-    explicit Strobe(QObject* parent = nullptr);
+    explicit Strobe(int tickMs, QObject* parent = nullptr);
 
     // Runs 10 x cells flashes, calling half(true) to blank and half(false)
     // to show again, then done. With no cells, done comes at once.
@@ -20,6 +20,7 @@ public:
 private:
     void step();
 
+    int tickMs_;
     QTimer timer_;
     int flashesLeft_ = 0;
     bool blank_ = false;

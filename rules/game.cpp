@@ -9,7 +9,7 @@ Currency Game::bet() const
     return bothWays_ ? bet * Currency::fromWhole(2) : bet;
 }
 
-void Game::chooseLines(int button) { lines_ = 2 * button + 1; }
+void Game::chooseLines(int button) { lines_ = kLineChoices.at(static_cast<std::size_t>(button)); }
 
 void Game::chooseCredits(int button)
 {
@@ -45,15 +45,13 @@ bool Game::betMax()
     const bool turned = !bothWays_;
     bothWays_ = true;
     chooseCredits(kCreditChoices - 1);
-    chooseLines(kLineChoices - 1);
+    chooseLines(static_cast<int>(kLineChoices.size()) - 1);
     return turned;
 }
 
 Settlement Game::settle(std::string_view bankText)
 {
     const Settlement s = ::settle(bankText, lines_, creditsPerLine_, bothWays_, symbols_);
-    bank_ = readBank(bankText) - s.bet;
-    if (s.paid)
-        bank_ = bank_ + s.totalPaid;
+    bank_ = s.bankBeforeRefill;
     return s;
 }

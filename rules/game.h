@@ -16,8 +16,6 @@ public:
     // The highest power of ten "credits times 10" reaches: one more and the
     // largest win of a spin would no longer fit the currency.
     static constexpr int kMaxCreditScale = 8;
-    static constexpr int kLineChoices = 5;
-    static constexpr int kCreditChoices = 10;
 
     int lines() const { return lines_; }
     int chosenLines() const { return (lines_ - 1) / 2; }  // which of the five lines buttons

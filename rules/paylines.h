@@ -4,6 +4,8 @@
 // right (cells 0..4 top row, 5..9 middle, 10..14 bottom).
 #include "rules/grid.h"
 
+#include <vector>
+
 inline constexpr int kPayLineCount = 9;
 
 using LineCells = std::array<int, kColumns>;
@@ -28,3 +30,13 @@ bool isPlayableLineCount(int lines);
 // The cells of line 1..9 in the order they are read; right to left is the
 // same five cells reversed.
 LineCells lineCells(int line, Reading reading);
+
+// Every reading of the grid: line k left to right at k - 1, right to left
+// at k + 8.
+inline constexpr int kReadingCount = 2 * kPayLineCount;
+const std::array<LineCells, kReadingCount>& allReadings();
+
+// The readings a bet plays, in settling order: lines 1..lines left to right,
+// then (both ways) the same lines right to left. None for a line count
+// that cannot be played.
+std::vector<LineCells> playedReadings(int lines, bool bothWays);

@@ -120,10 +120,11 @@ Settlement settle(std::string_view bankText, int lines, Currency creditsPerLine,
         s.bank = std::min(s.bank + s.totalPaid, Currency::fromWhole(Currency::kMaxWhole));
 
     s.runCells = s.winning;
-    s.jackpot = s.totalPaid >= Currency::fromWhole(8000) * creditsPerLine;
+    s.jackpot = s.totalPaid >= Currency::fromWhole(kJackpotFactor) * creditsPerLine;
     if (s.jackpot)
         s.winning.fill(true);
 
+    s.bankBeforeRefill = s.bank;
     s.refilled = s.bank <= Currency();
     if (s.refilled)
         s.bank = start;

@@ -2,6 +2,7 @@
 #pragma once
 // The arithmetic of settling one spin, free of any window: what the main
 // window then shows, in the order it shows it.
+#include "rules/bets.h"
 #include "rules/currency.h"
 #include "rules/grid.h"
 #include "rules/paylines.h"
@@ -10,10 +11,9 @@
 #include <string_view>
 #include <vector>
 
-inline constexpr std::int64_t kStartingBank = 2500;
-
 struct Settlement {
     Currency bank;                       // after the bet, the wins and any refill
+    Currency bankBeforeRefill;           // after the bet and the wins: the bank while this is shown
     Currency bet;
     // What each pay line read, per credit bet: line k at k - 1.
     std::array<Currency, kPayLineCount> leftToRight{};

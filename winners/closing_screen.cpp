@@ -4,11 +4,9 @@
 #include "platform/window_helpers.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -32,19 +30,8 @@ QString toQString(const std::u32string& text)
 
 }  // namespace
 
-ClosingScreen::Hooks& ClosingScreen::hooks()
-{
-    static Hooks h{
-        [](bool) { QCoreApplication::quit(); },
-        [](QWidget* parent, const QString& text) {
-            QMessageBox::warning(parent, QStringLiteral("reelmoor"), text);
-        },
-        {},
-    };
-    return h;
-}
-
-ClosingScreen::ClosingScreen(Currency bank, QWidget* parent) : QWidget(parent), bank_(bank)
+ClosingScreen::ClosingScreen(Currency bank, Services services, QWidget* parent)
+    : QWidget(parent), bank_(bank), services_(std::move(services))
 {
     setWindowTitle(QStringLiteral("program by Orrin Vale"));
     setFont(deckFont());
@@ -180,14 +167,14 @@ void ClosingScreen::finish(bool write)
     countdown_.stop();
     bool stored = false;
     if (write) {
-        const winners::Saved saved = winners::save(winners_, winners::kFileName, hooks().writer);
+        const winners::Saved saved = winners::save(winners_, winners::kFileName, services_.write);
         stored = saved.ok;
-        if (!saved.ok && hooks().tellPlayer) {
-            hooks().tellPlayer(this, tr("The table of winners could not be stored in %1.\n\n%2")
-                                         .arg(QLatin1String(winners::kFileName),
-                                              QString::fromLocal8Bit(saved.error.c_str())));
+        if (!saved.ok) {
+            const QString text = tr("The table of winners could not be stored in %1.\n\n%2")
+                                     .arg(QLatin1String(winners::kFileName), QString::fromLocal8Bit(saved.error.c_str()));
+            services_.message(this, MessageKind::Warning, QStringLiteral("reelmoor"), text);
         }
     }
     emit programEnded(stored);
-    if (hooks().endProgram) hooks().endProgram(stored);
+    services_.endProgram(stored);
 }

@@ -4,6 +4,7 @@
 // credits beat a row types a name there and Enter stores the table; a player
 // who beats none sees the table stored as it was 2.5 seconds later. Either
 // way the program ends here.
+#include "platform/services.h"
 #include "rules/currency.h"
 #include "winners/winners_file.h"
 
@@ -13,7 +14,6 @@
 #include <QWidget>
 
 #include <array>
-#include <functional>
 #include <vector>
 
 class QLineEdit;
@@ -21,21 +21,9 @@ class QLineEdit;
 class ClosingScreen : public QWidget {
     Q_OBJECT
 public:
-    // What the screen does to the world outside; tests replace them.
-    struct Hooks {
-        // Ends the program (default: leaves the event loop). stored tells
-        // whether the table was written.
-        std::function<void(bool stored)> endProgram;
-        // Tells the player that the table could not be stored (default: a
-        // message box).
-        std::function<void(QWidget* parent, const QString& text)> tellPlayer;
-        // The write used when storing the table (default: write(2)).
-        winners::Writer writer;
-    };
-    static Hooks& hooks();
-
-    // bank: the player's credits as last settled.
-    explicit ClosingScreen(Currency bank, QWidget* parent = nullptr);
+    // bank: the player's credits as last settled. The table is written, the
+    // player told of a failure and the program ended through services.
+    ClosingScreen(Currency bank, Services services, QWidget* parent = nullptr);
 
     // Read-only views for whoever checks the screen.
     const winners::Table& table() const { return winners_; }
@@ -64,6 +52,7 @@ private:
     void finish(bool write);
 
     Currency bank_;
+    Services services_;
     winners::Table winners_{};
     std::array<QLineEdit*, winners::kRecords> rows_{};
     QTimer countdown_;

@@ -3,21 +3,10 @@
 
 #include "winners/winners_file.h"
 
-#include <QMessageBox>
-
-StartOverAsker& startOverAsker()
+void startTableOfWinnersOver(QWidget* parent, const Services& services)
 {
-    static StartOverAsker ask = [](QWidget* parent, const QString& caption, const QString& text) {
-        QMessageBox box(QMessageBox::NoIcon, caption, text, QMessageBox::Yes | QMessageBox::No, parent);
-        return box.exec() == QMessageBox::Yes;
-    };
-    return ask;
-}
-
-void startTableOfWinnersOver(QWidget* parent)
-{
-    const bool yes = startOverAsker()(
-        parent, QStringLiteral("reelmoor"),
+    const bool yes = services.message(
+        parent, MessageKind::Question, QStringLiteral("reelmoor"),
         QStringLiteral("This will permenately delete table of winners and start a new table of winners"));
     // An absent file is nothing to delete, and nothing to tell.
     if (yes) winners::remove();

@@ -119,8 +119,7 @@ bool writeAll(int fd, const std::vector<unsigned char>& bytes, const Writer& wri
     std::size_t done = 0;
     while (done < bytes.size()) {
         errno = 0;
-        const long n = writer ? writer(fd, bytes.data() + done, bytes.size() - done)
-                              : static_cast<long>(::write(fd, bytes.data() + done, bytes.size() - done));
+        const long n = writer(fd, bytes.data() + done, bytes.size() - done);
         if (n < 0 && errno == EINTR) continue;
         if (n <= 0) {
             if (n == 0 || errno == 0) errno = EIO;
@@ -250,6 +249,11 @@ Opened open(const std::string& path)
     }
     ::close(fd);
     return result;
+}
+
+long systemWrite(int fd, const unsigned char* data, std::size_t size)
+{
+    return static_cast<long>(::write(fd, data, size));
 }
 
 Saved save(const Table& table, const std::string& path, const Writer& writer)

@@ -83,6 +83,7 @@ Opened open(const std::string& path = kFileName);
 // The low-level write used by save(); tests replace it to make a save fail
 // part-way. Same contract as write(2): bytes written, or -1 with errno set.
 using Writer = std::function<long(int fd, const unsigned char* data, std::size_t size)>;
+long systemWrite(int fd, const unsigned char* data, std::size_t size);  // write(2) itself
 
 struct Saved {
     bool ok = false;
@@ -93,7 +94,7 @@ struct Saved {
 // by whatever the old file held beyond them) is written beside the old one,
 // flushed to disk and then renamed over it, so an interrupted save leaves
 // either the old file or the new one, never a torn one.
-Saved save(const Table& table, const std::string& path = kFileName, const Writer& writer = {});
+Saved save(const Table& table, const std::string& path = kFileName, const Writer& writer = systemWrite);
 
 // Deletes the file; an absent file is no error. True when no file is left.
 bool remove(const std::string& path = kFileName);

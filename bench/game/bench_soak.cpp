@@ -4,9 +4,8 @@
 // after the last, and the growth between. Run in a folder that holds the
 // game's assets. Usage: bench_soak [spins, default 300]
 #include "game/main_window.h"
-#include "platform/pacing.h"
+#include "platform/services.h"
 #include "proc_stats.h"
-#include "winners/closing_screen.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -19,10 +18,10 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     const int spins = argc > 1 ? std::atoi(argv[1]) : 300;
-    pacing().passMs = 1;
-    pacing().tickMs = 1;
-    pacing().timerScale = 0.01;  // reels stop 20 to 60 ms after the click
-    auto* w = new MainWindow;
+    Services services = desktopServices();
+    services.pacing = {1, 1, 0.01};  // reels stop 20 to 60 ms after the click
+    services.endProgram = [](bool) {};
+    auto* w = new MainWindow(services);
     if (!w->startupError().isEmpty())
         return 1;
     auto* betMax = w->findChild<QPushButton*>(QStringLiteral("betMaxButton"));
@@ -38,7 +37,6 @@ int main(int argc, char** argv)
     const double last = proc::residentMB();
     std::printf("soak spins %d settled %d rss_mb_after_30 %.1f rss_mb_after_%d %.1f growth_mb %+.1f\n", spins,
                 settled, after30, spins, last, last - after30);
-    ClosingScreen::hooks().endProgram = [](bool) {};
     w->setAttribute(Qt::WA_DeleteOnClose, false);
     delete w;
     return settled == spins ? 0 : 1;

@@ -2,7 +2,7 @@
 // CPU used over whole spins, click to controls back, and how evenly the
 // passes come. Run in a folder that holds the game's assets.
 #include "game/main_window.h"
-#include "platform/pacing.h"
+#include "platform/services.h"
 #include "proc_stats.h"
 
 #include <QApplication>
@@ -19,7 +19,8 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     const int spins = argc > 1 ? std::atoi(argv[1]) : 3;
-    auto* w = new MainWindow;
+    const Services services = desktopServices();
+    auto* w = new MainWindow(services);
     if (!w->startupError().isEmpty())
         return 1;
 
@@ -61,7 +62,7 @@ int main(int argc, char** argv)
     idle.exec();
     const double idleCpu = proc::cpuSeconds() - idleCpu0;
 
-    const double period = pacing().passMs;
+    const double period = services.pacing.passMs;
     const auto within = std::count_if(gaps.begin(), gaps.end(), [&](double g) { return g <= 1.5 * period; });
     std::sort(gaps.begin(), gaps.end());
     std::printf("spins %d wall_s %.2f cpu_s %.3f cpu_percent %.2f\n", spins, wall, cpu, 100 * cpu / wall);

@@ -14,7 +14,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     auto* splash = new SplashScreen;
-    if (!startGame(splash))
+    if (!startGame(splash, desktopServices()))
         return 1;
     QTimer::singleShot(0, [] {
         std::printf("startup_ms %.1f rss_mb %.1f\n", proc::sinceProcessStart() * 1000, proc::residentMB());

@@ -8,16 +8,6 @@
 #include <deque>
 
 namespace {
-Draw script(std::deque<float> numbers)
-{
-    return [n = std::make_shared<std::deque<float>>(std::move(numbers))] {
-        const float r = n->empty() ? 0.75f : n->front();
-        if (!n->empty())
-            n->pop_front();
-        return r;
-    };
-}
-
 Currency whole(std::int64_t n) { return Currency::fromWhole(n); }
 }
 
@@ -104,6 +94,8 @@ private slots:
         QTest::newRow("win") << "2500" << 0 << qint64(2499 + 2052) << qint64(2499 + 2052);
         QTest::newRow("refill") << "1" << -1 << qint64(0) << qint64(2500);
         QTest::newRow("unreadable") << "lots" << -1 << qint64(-1) << qint64(2500);
+        const qint64 top = Currency::kMaxWhole;  // a win there still leaves a whole number of credits
+        QTest::newRow("win at the top") << QString::number(top) << 0 << top << top;
         QTest::newRow("new game") << QString::fromStdString(Game::newGameBankText()) << -1 << qint64(2499)
                                   << qint64(2499);
     }
@@ -141,7 +133,8 @@ private slots:
             numbers.push_back(i % 2 ? 0.5f : 0.4999f);
         for (int i = 0; i < kCells; ++i)
             numbers.push_back((12.0f * float(i) + 11.9f) / 600.0f);
-        const SpinPlan plan = planSpin(script(numbers), 50);
+        std::size_t drawn = 0;
+        const SpinPlan plan = planSpin([&] { return numbers.at(drawn++); }, 50);
         const int ms[] = {2000, 4000, 2062, 2188, 5996};  // halves to even: 62.5 -> 62, 187.5 -> 188
         for (int i = 0; i < kCells; ++i) {
             QCOMPARE(plan.stopAfterMs[std::size_t(i)], ms[i % 5]);
@@ -166,7 +159,7 @@ private slots:
     {
         QFETCH(float, r);
         QFETCH(int, symbols);
-        QTEST(drawRestingPicture(script({r}), symbols), "picture");
+        QTEST(drawRestingPicture([r] { return r; }, symbols), "picture");
     }
 
     // Reels roll one picture a pass, wrap at both ends of the strip, and a

@@ -2,10 +2,11 @@
 // The main window as the player meets it: its designed places and pixels,
 // the keyboard order, a whole keyboard spin to a jackpot with its sounds, the
 // betting controls and the menu, and what it starts up with.
+#include "game/game_start.h"
 #include "game/reel_surface.h"
 #include "platform/caption_button.h"
-#include "platform/random.h"
 #include "platform/window_helpers.h"
+#include "screens/splash.h"
 #include "tests/support/game_fixture.h"
 #include "winners/closing_screen.h"
 
@@ -54,8 +55,6 @@ private slots:
     void initTestCase()
     {
         QVERIFY(stockFolder("all"));
-        fixture::fastPacing();
-        ClosingScreen::hooks().endProgram = [](bool) {};
     }
     // Windows a case left open (a closing screen, a window it let go) go
     // before the next case.
@@ -68,11 +67,11 @@ private slots:
 
     void opensAsDesigned()
     {
-        rnd::seed(1);
-        auto w = fixture::open("all");
+        fixture::Fakes fakes;
+        auto w = fixture::open("all", fakes.services());
         QVERIFY(w->startupError().isEmpty());
-        rnd::seed(1);  // each opening grid is drawn afresh from the clock
-        QVERIFY(w->reels().symbols() != fixture::open("all")->reels().symbols());
+        // Each random source is seeded afresh from the clock.
+        QVERIFY(w->reels().symbols() != fixture::open("all", fakes.services())->reels().symbols());
         QVERIFY(w->isVisible());
         QCOMPARE(w->windowTitle(), QString("REELMOOR"));
         const std::pair<const char*, QRect> places[] = {
@@ -86,7 +85,8 @@ private slots:
         for (const auto& [name, place] : places)
             QCOMPARE(child(*w, name)->geometry(), place);
         // The result boxes only show; the bank box takes what the player types.
-        QVERIFY(child<QLineEdit>(*w, "paidBox")->isReadOnly() && !child<QLineEdit>(*w, "bankBox")->isReadOnly());
+        for (const char* box : {"paidBox", "betBox", "netBox"})
+            QVERIFY(child<QLineEdit>(*w, box)->isReadOnly() && !child<QLineEdit>(*w, "bankBox")->isReadOnly());
         QCOMPARE(child(*w, "bankBox")->font(), win::courierBold(18));
         QCOMPARE(text(*w, "paidBox"), QString("0"));
         QCOMPARE(text(*w, "bankBox"), QString("2500"));
@@ -109,6 +109,7 @@ private slots:
         QCOMPARE(grab.pixelColor(20, 228), QColor(Qt::black));
         QCOMPARE(grab.pixelColor(20, 229), QColor(224, 224, 224));
         QCOMPARE(grab.pixelColor(158, 223), QColor(Qt::white));
+        QCOMPARE(grab.pixelColor(634, 223), QColor(Qt::white));  // the last column's strip
         QCOMPARE(grab.pixelColor(158, 225), QColor(Qt::black));
         QCOMPARE(grab.pixelColor(396, 114), QColor(0, 0, 128));
         QCOMPARE(grab.pixelColor(152, 114), QColor(0, 0, 128));  // from 50 pixels left of the first column
@@ -142,17 +143,17 @@ private slots:
         script.add(0.75f, 15);    // every reel rolls forwards
         for (int cell = 0; cell < 15; ++cell)
             script.addSymbol(cell / 5 == 1 ? 49 : 6 * (cell % 5));
-        auto w = fixture::open("all", script.draw());
+        fixture::Fakes fakes;
+        auto w = fixture::open("all", fakes.services(script.draw()));
         QCOMPARE(w->reels().picture(14), 12 * 14);
         auto* spin = child<CaptionButton>(*w, "spinButton");
-        const int beeps = w->beepsSounded();
 
         QTest::keyClick(spin, Qt::Key_Return);
         QVERIFY(!spin->isEnabled());
         QVERIFY(!lineButton(*w, 0)->isEnabled() && !creditButton(*w, 9)->isEnabled());
         QVERIFY(!action(*w, "EXIT")->isEnabled());
-        QCOMPARE(w->player().fileName(), std::string("clink.wav"));
-        QCOMPARE(w->player().playCount(), 100000);
+        QCOMPARE(fakes->playing, std::string("clink.wav"));
+        QCOMPARE(fakes->playCount, 100000);
         QVERIFY(fixture::waitSettled(*w));
 
         // The resting pictures are drawn for this screen's device pixels.
@@ -162,14 +163,16 @@ private slots:
         QCOMPARE(w->game().symbols()[3], 18);
         QCOMPARE(cell(*w, 7)->text(QAccessible::Name), QString("purple crown"));
         QCOMPARE(cell(*w, 3)->text(QAccessible::Name), QString("gold diamond"));
-        QCOMPARE(w->beepsSounded() - beeps, 15 + 10 * 5 + 150);
+        QCOMPARE(fakes->beeps, 15 + 10 * 5 + 150);
         QCOMPARE(text(*w, "paidBox"), QString("20551"));
         QCOMPARE(text(*w, "bankBox"), QString("23050"));
         QCOMPARE(text(*w, "netBox"), QString("20550"));
         QCOMPARE(child<QLabel>(*w, "netLabel")->text(), QString("NET GAIN"));
         QCOMPARE(w->game().bank(), Currency::fromWhole(23050));
-        QCOMPARE(w->player().fileName(), std::string());
+        QCOMPARE(fakes->playing, std::string());
+        QCOMPARE(fakes->played, QStringList{"clink.wav"});
         QVERIFY(spin->isEnabled() && action(*w, "EXIT")->isEnabled());
+        QVERIFY(!action(*w, "credits divided by 10")->isEnabled());  // still no way down from one credit
         QCOMPARE(w->focusWidget(), spin);
         QVERIFY(!child(*w, "rightArrow")->isHidden());  // blinked back as it was
         QVERIFY(child(*w, "leftArrow")->isHidden());
@@ -177,18 +180,19 @@ private slots:
 
     void theControlsSetTheBet()
     {
-        auto w = fixture::open("all");
+        fixture::Fakes fakes;
+        auto w = fixture::open("all", fakes.services());
         QTest::mouseClick(lineButton(*w, 3), Qt::LeftButton);
-        QCOMPARE(w->player().fileName(), std::string("chimes.wav"));
+        QCOMPARE(fakes->playing, std::string("chimes.wav"));
         QCOMPARE(lineButton(*w, 3)->face(), QColor(255, 255, 0));
         QCOMPARE(lineButton(*w, 0)->face(), QColor(224, 224, 224));
         QTest::mouseClick(creditButton(*w, 2), Qt::LeftButton);
-        QCOMPARE(w->player().fileName(), std::string("clunk.wav"));
-        QCOMPARE(w->player().playCount(), 3);
+        QCOMPARE(fakes->playing, std::string("clunk.wav"));
+        QCOMPARE(fakes->playCount, 3);
         QCOMPARE(text(*w, "betBox"), QString("21"));
         auto* directions = child<CaptionButton>(*w, "directionsButton");
         QTest::mouseClick(directions, Qt::LeftButton);
-        QCOMPARE(w->player().fileName(), std::string("jackpot.wav"));
+        QCOMPARE(fakes->playing, std::string("jackpot.wav"));
         QCOMPARE(text(*w, "betBox"), QString("42"));
         QCOMPARE(directions->text(), QString("win one direction ------->"));
         QCOMPARE(directions->face(), QColor(255, 255, 0));
@@ -215,6 +219,8 @@ private slots:
         QCOMPARE(text(*w, "betBox"), QString("180"));
         QCOMPARE(lineButton(*w, 4)->face(), QColor(255, 255, 0));
         QCOMPARE(creditButton(*w, 9)->face(), QColor(255, 255, 0));
+        // Both ways were on already: the credits' and the lines' sounds, and the spin's.
+        QCOMPARE(fakes->played.mid(3), (QStringList{"clunk.wav", "chimes.wav", "clink.wav"}));
         QVERIFY(!child(*w, "spinButton")->isEnabled());
         QVERIFY(fixture::waitSettled(*w));
         QTest::mouseClick(child(*w, "spinButton"), Qt::LeftButton);  // and the next spin
@@ -226,8 +232,10 @@ private slots:
     // window then brings up the closing screen once, with the bank as settled.
     void aSpinIgnoresThePlayerAndClosingEndsIt()
     {
-        pacing().timerScale = 1;  // the reels roll two seconds at least
-        auto w = fixture::open("all");
+        fixture::Fakes fakes;
+        Services services = fakes.services();
+        services.pacing.timerScale = 1;  // the reels roll two seconds at least
+        auto w = fixture::open("all", services);
         const QSize size = w->size();
         QTest::keyClick(child(*w, "spinButton"), Qt::Key_Space);
         QTest::keyClick(w.get(), Qt::Key_A, Qt::ControlModifier);
@@ -244,7 +252,6 @@ private slots:
         QCOMPARE(w->game().creditScale(), 0);
         QCOMPARE(w->game().creditsPerLine(), Currency::fromWhole(1));
         QCOMPARE(text(*w, "betBox"), QString("1"));
-        fixture::fastPacing();
 
         const int before = shownClosingScreens();
         w.release()->close();
@@ -254,6 +261,7 @@ private slots:
                 QCOMPARE(screen->printedCredits(), QString(" 0 "));
         QTest::qWait(50);
         QCOMPARE(shownClosingScreens(), before + 1);
+        QVERIFY(fakes->ends.isEmpty());
     }
 
     // Each cell is an image a screen reader finds where the cell is, named by
@@ -267,7 +275,8 @@ private slots:
         fixture::Script script;
         for (int i = 0; i < 15; ++i)
             script.addSymbol(i == 6 ? 1 : 10);
-        auto w = fixture::open("named", script.draw());
+        fixture::Fakes fakes;
+        auto w = fixture::open("named", fakes.services(script.draw()));
         auto* surface = QAccessible::queryAccessibleInterface(child<ReelSurface>(*w, {}));
         QAccessibleInterface* untitledCell = cell(*w, 6);
         QCOMPARE(untitledCell->role(), QAccessible::Graphic);
@@ -279,8 +288,9 @@ private slots:
         QCOMPARE(surface->indexOfChild(surface->child(15)), 15);
     }
 
-    // Which files start-up needs: the line button pictures and "0.emf"; the
-    // symbols end at the first that cannot be read, and at fifty. "+f" adds a
+    // Which files start-up needs: the line button pictures and "0.emf", or
+    // the player is told which is missing; the symbols end at the first that
+    // cannot be read, and at fifty. "+f" adds a
     // copy of a symbol as f, "!f" spoils f's bytes, anything else is removed.
     void startsWithTheFilesItFinds_data()
     {
@@ -310,10 +320,14 @@ private slots:
                     : f.startsWith('!') ? spoilt.open(QIODevice::ReadWrite) && spoilt.write("\0\0\0\0", 4) == 4
                                         : QFile::remove("some/" + f));
         }
-        auto w = fixture::open("some");
-        QCOMPARE(w->startupError(), error);
-        if (error.isEmpty())
-            QCOMPARE(w->reels().pictureCount(), 12 * symbols);
+        fixture::Fakes fakes;
+        MainWindow* w = nullptr;  // the splash screen closes and goes by itself
+        const bool started = fixture::inDir("some", [&] { return startGame(new SplashScreen, fakes.services(), &w); });
+        QCOMPARE(started, error.isEmpty());
+        const std::unique_ptr<MainWindow> window(w);
+        QCOMPARE(fakes->kinds, error.isEmpty() ? QList<MessageKind>() : QList<MessageKind>{MessageKind::Note});
+        QVERIFY(w ? w->reels().pictureCount() == 12 * symbols
+                  : fakes->messages[0].contains('"' + error + "\" is missing"));
     }
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What is drawn over the grid: the pay lines join the cells the settlement
 // reads, and the strobe's flashes.
-#include "platform/pacing.h"
 #include "presentation/segment_pool.h"
 #include "presentation/strobe.h"
 #include "rules/paylines.h"
@@ -60,8 +59,7 @@ private slots:
 
     void strobeFlashesTenTimesPerCell()
     {
-        pacing().tickMs = 1;
-        Strobe strobe;
+        Strobe strobe(1);
         QString halves;
         int done = 0;
         strobe.run(3, [&](bool blank) { halves += blank ? 'b' : 's'; }, [&] { ++done; });

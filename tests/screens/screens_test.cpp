@@ -110,6 +110,7 @@ private slots:
     {
         PayTable& p = open(Currency::fromWhole(10));
         const qreal line = smallLine(p);
+        QVERIFY(inked(p.canvas(), QRect(qRound(2 * kQuarter) + 50, 2 * 38 + 32, 90, 8)));  // page one, drawn
         QTest::mouseClick(p.pageButton(), Qt::LeftButton);
         QVERIFY(!p.pageButton()->isVisible());
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 // What the window tests share: folders stocked with the game's files, a
-// scripted random source, fast pacing, and a main window opened in a folder.
+// scripted random source, and a main window opened in a folder.
 #include "game/main_window.h"
-#include "platform/pacing.h"
 #include "tests/support/asset_folder.h"
+#include "tests/support/fake_services.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -27,9 +27,9 @@ auto inDir(const QString& dir, Fn fn)
     return fn();
 }
 
-inline std::unique_ptr<MainWindow> open(const QString& dir, Draw draw = {})
+inline std::unique_ptr<MainWindow> open(const QString& dir, const Services& services)
 {
-    return inDir(dir, [&] { return std::make_unique<MainWindow>(std::move(draw)); });
+    return inDir(dir, [&] { return std::make_unique<MainWindow>(services); });
 }
 
 // Draws the numbers given, then 0.75 for ever.
@@ -40,23 +40,11 @@ struct Script {
     void addSymbol(int s) { add((12.0f * float(s) + 6.0f) / 600.0f); }
     Draw draw() const
     {
-        return [n = numbers] {
-            if (n->empty())
-                return 0.75f;
-            const float r = n->front();
-            n->pop_front();
-            return r;
+        return [n = numbers, next = std::make_shared<std::size_t>(0)] {
+            return *next < n->size() ? (*n)[(*next)++] : 0.75f;
         };
     }
 };
-
-// Reels stop the moment a spin starts; settling takes a few milliseconds.
-inline void fastPacing()
-{
-    pacing().passMs = 1;
-    pacing().tickMs = 1;
-    pacing().timerScale = 0;
-}
 
 inline bool waitSettled(MainWindow& w, int ms = 20000)
 {

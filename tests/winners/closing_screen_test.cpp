@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The closing screen from show to program end, with the bytes of "name.dat"
 // checked afterwards.
+#include "tests/support/fake_services.h"
 #include "tests/winners/file_bytes.h"
 #include "winners/closing_screen.h"
 
 #include <QLineEdit>
 #include <QtTest>
 
-#include <cerrno>
 #include <memory>
 #include <optional>
-
-#include <unistd.h>
 
 namespace {
 
@@ -37,13 +35,12 @@ const QPoint kBelowTheRows(200, 290);
 class ClosingScreenTest : public QObject {
     Q_OBJECT
     std::optional<ScratchDir> scratch_;
-    QList<bool> ends_;      // each end of the program, with whether it stored
-    QStringList messages_;  // what the player was told
+    fixture::Fakes fakes_;
     std::unique_ptr<ClosingScreen> deck_;
 
     ClosingScreen* open(Currency bank)
     {
-        deck_ = std::make_unique<ClosingScreen>(bank);
+        deck_ = std::make_unique<ClosingScreen>(bank, fakes_.services());
         deck_->show();
         return deck_.get();
     }
@@ -52,11 +49,7 @@ private slots:
     void init()
     {
         scratch_.emplace();
-        ends_.clear();
-        messages_.clear();
-        ClosingScreen::hooks().endProgram = [this](bool stored) { ends_.append(stored); };
-        ClosingScreen::hooks().tellPlayer = [this](QWidget*, const QString& text) { messages_.append(text); };
-        ClosingScreen::hooks().writer = {};
+        fakes_ = {};
     }
     void cleanup()
     {
@@ -79,14 +72,14 @@ private slots:
         QCOMPARE(deck->printedAt()[9], QPointF(6620.0 / 15, 9 * 27));
 
         QTest::qWait(2000);
-        QVERIFY(ends_.isEmpty());
-        QTRY_COMPARE_WITH_TIMEOUT(ends_, QList<bool>{true}, 2000);
+        QVERIFY(fakes_->ends.isEmpty());
+        QTRY_COMPARE_WITH_TIMEOUT(fakes_->ends, QList<bool>{true}, 2000);
         QCOMPARE(readFile("name.dat"), defaultFile());
 
         // Once ended, nothing else runs.
         QTest::keyClick(deck->row(0), Qt::Key_Return);
         QTest::mouseClick(deck, Qt::LeftButton, {}, kBelowTheRows);
-        QCOMPARE(ends_.size(), 1);
+        QCOMPARE(fakes_->ends.size(), 1);
     }
 
     void noFile_thePlayerTakesRowOneAndNamesIt()
@@ -101,14 +94,15 @@ private slots:
         QCOMPARE(int(deck->printedAt().size()), 2);
 
         QTest::qWait(2700);  // a placed player is waited for
-        QVERIFY(ends_.isEmpty());
+        QVERIFY(fakes_->ends.isEmpty());
 
         QTest::keyClicks(mine, QStringLiteral("ABC"));
         QTest::keyClick(mine, Qt::Key_Return);
-        QCOMPARE(ends_, QList<bool>{true});
+        QCOMPARE(fakes_->ends, QList<bool>{true});
         QByteArray expected = defaultFile();
         expected.replace(24, 24, record("ABC", 47000));  // the 45000 entry is gone
         QCOMPARE(readFile("name.dat"), expected);
+        QCOMPARE(fakes_->written, expected);  // in writes of 100 bytes at most
     }
 
     void fromAFile_thePlayersRowShowsTheCreditsWithAnEmptyName()
@@ -126,7 +120,7 @@ private slots:
         QTest::keyClicks(mine, QStringLiteral("Zo"));
         QTest::sendKeyEvent(QTest::Click, mine, Qt::Key_unknown, QStringLiteral("\u00EB"), Qt::NoModifier);
         QTest::keyClick(mine, Qt::Key_Enter);
-        QCOMPARE(ends_, QList<bool>{true});
+        QCOMPARE(fakes_->ends, QList<bool>{true});
         QByteArray expected = playersFile();
         expected.replace(24, 24, record("Zo\xEB", 47000));
         QCOMPARE(readFile("name.dat"), expected);  // the other rows and the tail unchanged
@@ -155,17 +149,17 @@ private slots:
         ClosingScreen* deck = open(Currency::fromWhole(47000));
         QTest::keyClicks(deck->row(1), QStringLiteral("ABC"));
         QTest::mouseClick(deck, Qt::LeftButton, {}, kBelowTheRows);
-        QCOMPARE(ends_, QList<bool>{false});
+        QCOMPARE(fakes_->ends, QList<bool>{false});
         QCOMPARE(QFileInfo("name.dat").size(), 0);
         QTest::keyClick(deck->row(1), Qt::Key_Return);
         QCOMPARE(QFileInfo("name.dat").size(), 0);
 
-        ends_.clear();
+        fakes_->ends.clear();
         deck = open(Currency::fromWhole(2500));
         deck->close();
-        QCOMPARE(ends_, QList<bool>{false});
+        QCOMPARE(fakes_->ends, QList<bool>{false});
         QTest::qWait(2700);  // the countdown stopped with it
-        QCOMPARE(ends_.size(), 1);
+        QCOMPARE(fakes_->ends.size(), 1);
         QCOMPARE(QFileInfo("name.dat").size(), 0);
     }
 
@@ -173,16 +167,13 @@ private slots:
     void aSaveThatFailsHalfwayTellsThePlayerOnceAndEnds()
     {
         QVERIFY(writeFile("name.dat", playersFile()));
-        ClosingScreen::hooks().writer = [](int fd, const unsigned char* data, std::size_t size) -> long {
-            if (size < 200) { errno = ENOSPC; return -1; }
-            return long(::write(fd, data, 120));
-        };
+        fakes_->chunk = fakes_->room = 120;
         ClosingScreen* deck = open(Currency::fromWhole(47000));
         QTest::keyClicks(deck->row(1), QStringLiteral("ABC"));
         QTest::keyClick(deck->row(1), Qt::Key_Return);
-        QCOMPARE(messages_.size(), 1);
-        QVERIFY(messages_[0].contains(QStringLiteral("name.dat")));
-        QCOMPARE(ends_, QList<bool>{false});
+        QCOMPARE(fakes_->kinds, QList<MessageKind>{MessageKind::Warning});
+        QVERIFY(fakes_->messages[0].contains(QStringLiteral("name.dat")));
+        QCOMPARE(fakes_->ends, QList<bool>{false});
         QCOMPARE(readFile("name.dat"), playersFile());
     }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // "start table of winners over": the question as the player sees it, and
 // what Yes and No do to "name.dat".
+#include "tests/support/fake_services.h"
 #include "tests/winners/file_bytes.h"
 #include "winners/start_over.h"
 
@@ -37,7 +38,7 @@ private slots:
             QCOMPARE(seen->standardButtons(), QMessageBox::Yes | QMessageBox::No);
             seen->button(QMessageBox::No)->click();
         });
-        startTableOfWinnersOver(nullptr);
+        startTableOfWinnersOver(nullptr, desktopServices());
         QVERIFY(seen);
         QCOMPARE(caption, QStringLiteral("reelmoor"));
         QCOMPARE(text, QStringLiteral(
@@ -47,13 +48,12 @@ private slots:
 
     void yesDeletesTheFile()
     {
-        const StartOverAsker box = startOverAsker();
-        startOverAsker() = [](QWidget*, const QString&, const QString&) { return true; };
-        startTableOfWinnersOver(nullptr);
+        fixture::Fakes fakes;
+        startTableOfWinnersOver(nullptr, fakes.services());
+        QCOMPARE(fakes->kinds, QList<MessageKind>{MessageKind::Question});
         QVERIFY(!QFile::exists("name.dat"));
-        startTableOfWinnersOver(nullptr);  // no file: nothing happens
+        startTableOfWinnersOver(nullptr, fakes.services());  // no file: nothing happens
         QVERIFY(!QFile::exists("name.dat"));
-        startOverAsker() = box;
     }
 };
 

@@ -3,6 +3,7 @@
 // ten records and full of random bytes, read-only, or in a read-only
 // folder. Whatever the player did not replace is still there afterwards;
 // a table that cannot be stored is one message, and the old file stays.
+#include "tests/support/fake_services.h"
 #include "tests/winners/file_bytes.h"
 #include "winners/closing_screen.h"
 #include "winners/winners_file.h"
@@ -11,8 +12,9 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QTest>
+
+#include <optional>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -44,15 +46,13 @@ const Currency kRich = Currency::fromWhole(1'000'000'000'000LL);  // beats every
 class WinnersTableTest : public QObject {
     Q_OBJECT
 
-    QStringList messages;
-    QList<bool> ends;
-    std::unique_ptr<QTemporaryDir> scratch;
-    QString home;
+    fixture::Fakes fakes;
+    std::optional<ScratchDir> scratch;
 
     // The closing screen for a player who beats every row: "ME" and Enter.
     void takeTheFirstRow()
     {
-        ClosingScreen deck(kRich);
+        ClosingScreen deck(kRich, fakes.services());
         deck.show();
         QVERIFY(deck.row(0) && !deck.row(0)->isReadOnly());
         QTest::keyClicks(deck.row(0), "ME");
@@ -63,20 +63,13 @@ class WinnersTableTest : public QObject {
 private slots:
     void init()
     {
-        messages.clear();
-        ends.clear();
-        ClosingScreen::hooks().endProgram = [this](bool stored) { ends << stored; };
-        ClosingScreen::hooks().tellPlayer = [this](QWidget*, const QString& text) { messages << text; };
-        home = QDir::currentPath();
-        scratch = std::make_unique<QTemporaryDir>();
-        QVERIFY(scratch->isValid());
-        QDir::setCurrent(scratch->path());
+        fakes = {};
+        scratch.emplace();
     }
 
     void cleanup()
     {
-        QDir::setCurrent(home);
-        ::chmod(qPrintable(scratch->path()), 0700);
+        ::chmod(".", 0700);  // a case may have taken the folder's permission to write
         scratch.reset();
     }
 
@@ -96,8 +89,8 @@ private slots:
                 QCOMPARE(after.mid(24, size - 24), before.mid(24));
             QVERIFY(!QFile::exists("name.dat.tmp"));
         }
-        QCOMPARE(ends.size(), 301);
-        QVERIFY(messages.isEmpty());
+        QCOMPARE(fakes->ends.size(), 301);
+        QVERIFY(fakes->messages.isEmpty());
     }
 
     // The player keeps the file from being changed: it stays as it is, and the
@@ -114,9 +107,9 @@ private slots:
             QCOMPARE(readFile("name.dat"), before);
             QVERIFY(!QFileInfo("name.dat").isWritable());
             QVERIFY(!QFile::exists("name.dat.tmp"));
-            QCOMPARE(ends, QList<bool>{false});
-            QCOMPARE(messages.size(), 1);
-            QVERIFY2(messages[0].contains("name.dat"), qPrintable(messages[0]));
+            QCOMPARE(fakes->ends, QList<bool>{false});
+            QCOMPARE(fakes->messages.size(), 1);
+            QVERIFY2(fakes->messages[0].contains("name.dat"), qPrintable(fakes->messages[0]));
         }
     }
 
@@ -128,8 +121,7 @@ private slots:
             QVERIFY(runAsNobody("aReadOnlyFolder"));
         else {
             for (bool fileToo : {false, true}) {
-                messages.clear();
-                ends.clear();
+                fakes = {};
                 ::chmod(".", 0700);
                 QFile::remove("name.dat");
                 const QByteArray before = randomBytes(240, 2);
@@ -139,9 +131,9 @@ private slots:
                 QCOMPARE(::chmod(".", 0500), 0);
                 takeTheFirstRow();
                 QCOMPARE(readFile("name.dat"), before);
-                QCOMPARE(ends, QList<bool>{false});
-                QCOMPARE(messages.size(), 1);
-                QVERIFY2(messages[0].contains("name.dat"), qPrintable(messages[0]));
+                QCOMPARE(fakes->ends, QList<bool>{false});
+                QCOMPARE(fakes->messages.size(), 1);
+                QVERIFY2(fakes->messages[0].contains("name.dat"), qPrintable(fakes->messages[0]));
                 QVERIFY(!QFile::exists("name.dat.tmp"));
             }
         }
@@ -157,8 +149,8 @@ private slots:
             QCOMPARE(::chmod(".", 0500), 0);
             takeTheFirstRow();
             QVERIFY(!QFile::exists("name.dat"));
-            QCOMPARE(ends, QList<bool>{false});
-            QCOMPARE(messages.size(), 1);
+            QCOMPARE(fakes->ends, QList<bool>{false});
+            QCOMPARE(fakes->messages.size(), 1);
         }
     }
 };

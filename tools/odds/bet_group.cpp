@@ -25,9 +25,9 @@ void BetGroup::forFigureRuns(Visit visit) const
     }
 }
 
-BetGroup::BetGroup(const LineDistribution& distribution, int lines, bool bothways, const ReadingValuer& valuer)
+BetGroup::BetGroup(const LineDistribution& distribution, int lines, bool bothWays, const ReadingValuer& valuer)
     : n_(distribution.symbols), lines_(lines),
-      readings_(playedReadings(lines, bothways)), valuer_(valuer)
+      readings_(playedReadings(lines, bothWays)), valuer_(valuer)
 {
     const auto r = static_cast<std::int64_t>(readings_.size());
     // All readings below this: sum of (value + 1.5) stays below 8000.
@@ -38,7 +38,7 @@ BetGroup::BetGroup(const LineDistribution& distribution, int lines, bool bothway
         for (int s = 0; s < n_; ++s) {
             const LinePayout p = linePayout(readLine(s, s, s, s, s).value, Currency::fromWhole(cpl));
             // Both directions read the same five cells: the line pays twice.
-            const Currency line = bothways ? p.credits + p.credits : p.credits;
+            const Currency line = bothWays ? p.credits + p.credits : p.credits;
             sure_[cpl - 1][s] = line.compareWhole(kJackpotFactor * cpl) >= 0;
         }
     for (int s = 0; s < n_; ++s) {
@@ -70,7 +70,7 @@ long double BetGroup::sureChance(int cpl) const
     long double total = 0;
     for (unsigned subset = 1; subset < (1u << lines_); ++subset) {
         // Lines that share a cell must show the same symbol.
-        int component[kLineCount];
+        int component[kPayLineCount];
         std::array<int, std::tuple_size_v<Grid>> cellOwner{};
         cellOwner.fill(-1);
         int components = 0, cells = 0, count = 0;

@@ -3,7 +3,7 @@
 // One group of bets (lines, directions) of the odds table: its readings,
 // its sure lines, and the grids drawn for its estimates. Used by
 // spin_odds.cpp only.
-#include "tools/odds/grid.h"
+#include "rules/paylines.h"
 #include "tools/odds/odds.h"
 #include "tools/odds/simulation.h"
 #include "tools/odds/spin_odds.h"
@@ -14,7 +14,6 @@
 
 namespace odds_detail {
 
-constexpr std::int64_t kJackpotFactor = 8000;
 // Without a reading whose first four cells share a figure no reading is
 // worth more than this (three identical of the top figure, three of one
 // figure, five of one colour).
@@ -33,7 +32,7 @@ inline long double power(long double base, int exponent)
 // Everything one group of bets (lines, directions) shares.
 class BetGroup {
 public:
-    BetGroup(const LineDistribution& distribution, int lines, bool bothways, const ReadingValuer& valuer);
+    BetGroup(const LineDistribution& distribution, int lines, bool bothWays, const ReadingValuer& valuer);
 
     // One evaluated grid.
     struct Spin {
@@ -136,7 +135,7 @@ private:
     void listLargeReadings(const LineDistribution& d);
 
     int n_, lines_;
-    std::vector<ReadingCells> readings_;
+    std::vector<LineCells> readings_;
     const ReadingValuer& valuer_;
     std::int64_t largeReading_ = 0;
     std::array<std::array<bool, kMaxSymbols>, kCreditChoices> sure_{};

@@ -79,14 +79,14 @@ LineDistribution lineDistribution(int symbols)
     return d;
 }
 
-ExactOdds exactOdds(const LineDistribution& distribution, int lines, bool bothways,
-                    int creditsperline)
+ExactOdds exactOdds(const LineDistribution& distribution, int lines, bool bothWays,
+                    int creditsPerLine)
 {
     ExactOdds odds;
-    odds.readings = lines * (bothways ? 2 : 1);
-    odds.bet = std::int64_t{creditsperline} * odds.readings;
+    odds.readings = lines * (bothWays ? 2 : 1);
+    odds.bet = std::int64_t{creditsPerLine} * odds.readings;
     odds.outcomes = distribution.outcomes;
-    const Currency cpl = Currency::fromWhole(creditsperline);
+    const Currency cpl = Currency::fromWhole(creditsPerLine);
     for (const auto& [value, count] : distribution.values) {
         const LinePayout p = linePayout(value, cpl);
         odds.paidSum += p.credits.roundWhole() * static_cast<std::int64_t>(count);

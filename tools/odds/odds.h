@@ -43,5 +43,5 @@ struct ExactOdds {
     long double expectedPaidPerSpin() const;
 };
 
-ExactOdds exactOdds(const LineDistribution& distribution, int lines, bool bothways,
-                    int creditsperline);
+ExactOdds exactOdds(const LineDistribution& distribution, int lines, bool bothWays,
+                    int creditsPerLine);

@@ -27,8 +27,8 @@ int simulateCommand(const std::vector<std::string_view>& args)
     setup.lines = static_cast<int>(options.whole("--lines", 9, 1, 9));
     if (!isPlayableLineCount(setup.lines))
         usageError("--lines must be 1, 3, 5, 7 or 9");
-    setup.bothways = options.has("--both");
-    setup.creditsperline = static_cast<int>(options.whole("--credits", 1, 1, 1'000'000));
+    setup.bothWays = options.has("--both");
+    setup.creditsPerLine = static_cast<int>(options.whole("--credits", 1, 1, 1'000'000));
 
     const auto started = std::chrono::steady_clock::now();
     const SimulationTally tally = runParts<SimulationTally>(threads, [&](int part) {
@@ -38,8 +38,8 @@ int simulateCommand(const std::vector<std::string_view>& args)
     });
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
 
-    const ExactOdds exact = exactOdds(lineDistribution(setup.symbols), setup.lines, setup.bothways,
-                                      setup.creditsperline);
+    const ExactOdds exact = exactOdds(lineDistribution(setup.symbols), setup.lines, setup.bothWays,
+                                      setup.creditsPerLine);
     const long double bet = static_cast<long double>(exact.bet);
     const long double rtp = 100 * tally.meanPaid() / bet;
     const long double halfWidth = 100 * 2.5758293035489004L * tally.stddevPaid()
@@ -48,8 +48,8 @@ int simulateCommand(const std::vector<std::string_view>& args)
 
     std::printf("%llu spins, seed %llu, %d threads: %d symbols, %d lines, %s, credits per line %d, bet %lld\n",
                 static_cast<unsigned long long>(tally.spins), static_cast<unsigned long long>(seed), threads,
-                setup.symbols, setup.lines, setup.bothways ? "both directions" : "one direction",
-                setup.creditsperline, static_cast<long long>(exact.bet));
+                setup.symbols, setup.lines, setup.bothWays ? "both directions" : "one direction",
+                setup.creditsPerLine, static_cast<long long>(exact.bet));
     std::printf("RTP %.4Lf%%, 99%% interval [%.4Lf%%, %.4Lf%%]\n", rtp, rtp - halfWidth, rtp + halfWidth);
     std::printf("exact RTP %.4Lf%% (%s the interval)\n", exact.rtpPercent(), inside ? "inside" : "OUTSIDE");
     const Interval paying = wilson(tally.payingSpins, tally.spins);

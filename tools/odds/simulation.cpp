@@ -5,6 +5,7 @@
 #include "rules/settlement.h"
 
 #include <cmath>
+#include <string>
 
 namespace {
 
@@ -16,8 +17,6 @@ std::uint64_t splitmix(std::uint64_t x)
     return x ^ (x >> 31);
 }
 
-constexpr int kLineChoices[5] = {1, 3, 5, 7, 9};
-
 // Figures 0..9 on bits 0..9, colours 0..4 on bits 16..20 (symbols 0..49).
 // Other symbols match everything, so that readLine decides for them.
 std::uint32_t runMask(int symbol)
@@ -26,8 +25,6 @@ std::uint32_t runMask(int symbol)
         return ~0u;
     return (1u << figureOf(symbol)) | (1u << (16 + colourOf(symbol)));
 }
-constexpr std::int64_t kJackpotFactor = 8000;
-
 // The values of all eighteen readings of a grid: lines 1..9 left to right
 // at 0..8, right to left at 9..17.
 struct GridValues {
@@ -39,7 +36,7 @@ GridValues gridValues(const Grid& sym, const ReadingValuer& valuer)
 {
     GridValues g;
     for (std::size_t k = 0; k < g.value.size(); ++k) {
-        const ReadingCells& c = allReadings()[k];
+        const LineCells& c = allReadings()[k];
         g.value[k] = valuer(sym[c[0]], sym[c[1]], sym[c[2]], sym[c[3]], sym[c[4]]);
     }
     for (const Currency v : g.value)
@@ -56,10 +53,10 @@ void countJackpots(const GridValues& g, JackpotTally& tally)
     ++tally.grids;
     if (g.bound < kJackpotFactor * Currency::kScale)
         return;
-    for (int li = 0; li < 5; ++li) {
+    for (std::size_t li = 0; li < kLineChoices.size(); ++li) {
         const int lines = kLineChoices[li];
         for (int both = 0; both < 2; ++both) {
-            for (int cpl = 1; cpl <= 10; ++cpl) {
+            for (int cpl = 1; cpl <= kCreditChoices; ++cpl) {
                 const Currency c = Currency::fromWhole(cpl);
                 Currency total;
                 for (int k = 0; k < lines; ++k) {
@@ -100,14 +97,20 @@ Currency ReadingValuer::operator()(int s1, int s2, int s3, int s4, int s5) const
     return mayPay(s1, s2, s3) ? readLine(s1, s2, s3, s4, s5).value : Currency();
 }
 
-Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,
-                  Currency creditsperline)
+Settled settled(const Grid& grid, int lines, Currency creditsPerLine, bool bothWays)
+{
+    const Settlement s = settle(std::to_string(kStartingBank), lines, creditsPerLine, bothWays, grid);
+    return {s.totalPaid, s.jackpot};
+}
+
+Currency spinPaid(const Grid& symbol, const std::vector<LineCells>& readings,
+                  Currency creditsPerLine)
 {
     // mayPay, with a mask per cell: one bit for its figure, one for its
     // colour. Three cells share a figure or a colour exactly when the AND of
     // their masks is not zero.
     std::array<std::uint32_t, std::tuple_size_v<Grid>> mask{};
-    for (int cell = kFirstCell; cell < kFirstCell + kCellCount; ++cell)
+    for (int cell = 0; cell < kCells; ++cell)
         mask[cell] = runMask(symbol[cell]);
     Currency total;
     for (const auto& c : readings) {
@@ -117,7 +120,7 @@ Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,
         if (!starts)
             continue;  // no run starts: value zero, adds nothing, no paying line
         const LineReading r = readLine(s1, s2, s3, symbol[c[3]], symbol[c[4]]);
-        total = total + linePayout(r.value, creditsperline).credits;
+        total = total + linePayout(r.value, creditsPerLine).credits;
     }
     return total;
 }
@@ -151,8 +154,8 @@ long double SimulationTally::stddevPaid() const
 SimulationTally simulate(const SpinSetup& setup, std::uint64_t spins, std::uint64_t seed)
 {
     SimulationTally tally;
-    const auto readings = playedReadings(setup.lines, setup.bothways);
-    const Currency cpl = Currency::fromWhole(setup.creditsperline);
+    const auto readings = playedReadings(setup.lines, setup.bothWays);
+    const Currency cpl = Currency::fromWhole(setup.creditsPerLine);
     const Currency jackpot = Currency::fromWhole(kJackpotFactor) * cpl;
     SpinRandom random(seed);
     Grid symbol{};
@@ -179,7 +182,7 @@ void JackpotTally::merge(const JackpotTally& o)
     grids += o.grids;
     for (int a = 0; a < 5; ++a)
         for (int b = 0; b < 2; ++b)
-            for (int c = 0; c < 10; ++c)
+            for (int c = 0; c < kCreditChoices; ++c)
                 jackpots[a][b][c] += o.jackpots[a][b][c];
 }
 
@@ -202,13 +205,13 @@ JackpotTally jackpotExhaustive(int symbols, int part, int parts)
     const ReadingValuer valuer(symbols);
     for (int first = part; first < symbols; first += parts) {
         Grid symbol{};
-        symbol[kFirstCell] = first;
+        symbol[0] = first;
         for (;;) {
             countJackpots(gridValues(symbol, valuer), tally);
-            int cell = kFirstCell + kCellCount - 1;  // odometer over the cells after the first
-            while (cell > kFirstCell && ++symbol[cell] == symbols)
+            int cell = kCells - 1;  // odometer over the cells after the first
+            while (cell > 0 && ++symbol[cell] == symbols)
                 symbol[cell--] = 0;
-            if (cell == kFirstCell)
+            if (cell == 0)
                 break;
         }
     }

@@ -2,8 +2,9 @@
 #pragma once
 // Random spins through the settlement's own arithmetic, for the odds tool
 // and its benchmark: no windows, no text, only the credits paid.
+#include "rules/bets.h"
 #include "rules/currency.h"
-#include "tools/odds/grid.h"
+#include "rules/paylines.h"
 
 #include <array>
 #include <cstdint>
@@ -27,7 +28,7 @@ public:
     // so no symbol's chance is off by more than 2^-35 of itself.
     void fillGrid(Grid& symbol, int n)
     {
-        for (int first = kFirstCell; first < kFirstCell + kCellCount; first += 5) {
+        for (int first = 0; first < kCells; first += 5) {
             std::uint64_t x = next();
             for (int cell = first; cell < first + 5; ++cell) {
                 const Wide product = static_cast<Wide>(x) * static_cast<std::uint64_t>(n);
@@ -54,23 +55,30 @@ private:
     std::vector<Currency> table_;
 };
 
-// The credits paid by one spin: the same total as settle(...).totalpaid for
+// The credits paid by one spin: the same total as settle(...).totalPaid for
 // that grid and bet, but readings that cannot pay are skipped unvalued.
-Currency spinPaid(const Grid& symbol, const std::vector<ReadingCells>& readings,
-                  Currency creditsperline);
+Currency spinPaid(const Grid& symbol, const std::vector<LineCells>& readings,
+                  Currency creditsPerLine);
+
+// What the game's own settlement makes of this grid and bet.
+struct Settled {
+    Currency paid;
+    bool jackpot = false;
+};
+Settled settled(const Grid& grid, int lines, Currency creditsPerLine, bool bothWays);
 
 struct SpinSetup {
     int symbols = 50;
     int lines = 9;
-    bool bothways = true;
-    int creditsperline = 1;
+    bool bothWays = true;
+    int creditsPerLine = 1;
 };
 
 struct SimulationTally {
     __extension__ typedef unsigned __int128 Wide;
     std::uint64_t spins = 0;
-    std::uint64_t payingSpins = 0;   // totalpaid > 0
-    std::uint64_t jackpots = 0;      // totalpaid >= 8000 x creditsperline
+    std::uint64_t payingSpins = 0;   // totalPaid > 0
+    std::uint64_t jackpots = 0;      // totalPaid >= 8000 x creditsPerLine
     Wide paid = 0;                   // sum of credits paid
     Wide paidSquares = 0;            // sum of their squares
     std::int64_t largest = 0;        // largest credits paid by one spin
@@ -85,10 +93,10 @@ struct SimulationTally {
 SimulationTally simulate(const SpinSetup& setup, std::uint64_t spins, std::uint64_t seed);
 
 // Jackpot chances of every bet at once over the same grids: index
-// [lineChoice 0..4 for 1,3,5,7,9][bothways][creditsperline - 1].
+// [lineChoice 0..4 for 1,3,5,7,9][bothWays][creditsPerLine - 1].
 struct JackpotTally {
     std::uint64_t grids = 0;
-    std::array<std::array<std::array<std::uint64_t, 10>, 2>, 5> jackpots{};
+    std::array<std::array<std::array<std::uint64_t, kCreditChoices>, 2>, kLineChoices.size()> jackpots{};
     void merge(const JackpotTally& other);
 };
 

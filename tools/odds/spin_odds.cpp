@@ -12,8 +12,6 @@ using namespace odds_detail;
 
 namespace {
 
-constexpr int kLineChoices[5] = {1, 3, 5, 7, 9};
-
 // Sum and sum of squares of one sampled quantity.
 struct Moments {
     long double sum = 0, squares = 0;
@@ -39,11 +37,11 @@ Figure exactFigure(long double value)
     return {value, value, value, true};
 }
 
-BetRow groupOdds(const LineDistribution& distribution, const ReadingValuer& valuer, int lines, bool bothways,
+BetRow groupOdds(const LineDistribution& distribution, const ReadingValuer& valuer, int lines, bool bothWays,
                  const SamplingPlan& plan, std::uint64_t seed)
 {
     BetRow row;
-    const BetGroup group(distribution, lines, bothways, valuer);
+    const BetGroup group(distribution, lines, bothWays, valuer);
     const auto readings = static_cast<long double>(group.readingCount());
     SpinRandom random(seed);
     Grid g{};
@@ -157,11 +155,11 @@ long double Figure::relativeError() const
     return std::max(value - low, high - value) / value;
 }
 
-BetRow spinOdds(const LineDistribution& distribution, int lines, bool bothways, const SamplingPlan& plan,
+BetRow spinOdds(const LineDistribution& distribution, int lines, bool bothWays, const SamplingPlan& plan,
                 std::uint64_t seed)
 {
     const ReadingValuer valuer(distribution.symbols);
-    return groupOdds(distribution, valuer, lines, bothways, plan, seed);
+    return groupOdds(distribution, valuer, lines, bothWays, plan, seed);
 }
 
 BetTable spinOddsTable(const LineDistribution& distribution, const SamplingPlan& plan, std::uint64_t seed,

@@ -23,6 +23,7 @@
 // cell; otherwise E(paid^2) is split into spins where no reading has its
 // first four cells in one figure (plain random grids, small values) and the
 // others (grids conditioned on such a reading, the same way as above).
+#include "rules/bets.h"
 #include "tools/odds/odds.h"
 
 #include <array>
@@ -54,17 +55,16 @@ struct SamplingPlan {
     long double jackpotTarget = 0.03;       // stop once every relative error is below this
 };
 
-inline constexpr int kCreditChoices = 10;  // 1..10 credits per line
 using BetRow = std::array<BetFigures, kCreditChoices>;
 
 // The figures of lines 1, 3, 5, 7 or 9, one or both directions, for 1..10
 // credits per line. The same seed gives the same figures.
-BetRow spinOdds(const LineDistribution& distribution, int lines, bool bothways, const SamplingPlan& plan,
+BetRow spinOdds(const LineDistribution& distribution, int lines, bool bothWays, const SamplingPlan& plan,
                 std::uint64_t seed);
 
-// Every bet of the table: [lineChoice 0..4 for 1,3,5,7,9][bothways]; the
+// Every bet of the table: [lineChoice 0..4 for 1,3,5,7,9][bothWays]; the
 // ten groups shared out over threads, each with a seed of its own, so the
 // figures do not depend on the number of threads.
-using BetTable = std::array<std::array<BetRow, 2>, 5>;
+using BetTable = std::array<std::array<BetRow, 2>, kLineChoices.size()>;
 BetTable spinOddsTable(const LineDistribution& distribution, const SamplingPlan& plan, std::uint64_t seed,
                        int threads);

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int kLineChoices[5] = {1, 3, 5, 7, 9};
 constexpr int kExhaustiveSymbols = 3;  // 3^15 = 14.3 million grids
 
 std::string precision(const Figure& f)
@@ -83,24 +82,25 @@ int tableCommand(const std::vector<std::string_view>& args)
                 "  payout per credit bet. Exact where no two played readings share a cell, else\n"
                 "  estimated: (±x %%) is the half-width of the 99 %% interval, relative to the figure\n");
     if (exhaustive)
-        std::printf("jackpot (paid >= 8000 x credits per line): exact, over all %llu grids\n",
-                    static_cast<unsigned long long>(jackpots.grids));
+        std::printf("jackpot (paid >= %lld x credits per line): exact, over all %llu grids\n",
+                    static_cast<long long>(kJackpotFactor), static_cast<unsigned long long>(jackpots.grids));
     else
-        std::printf("jackpot (paid >= 8000 x credits per line): lines of five identical symbols that\n"
+        std::printf("jackpot (paid >= %lld x credits per line): lines of five identical symbols that\n"
                     "  make one alone counted exactly, the rest estimated from grids drawn with one\n"
-                    "  large reading (or two, where one cannot make it): (exact), or (±x %%) as above\n");
+                    "  large reading (or two, where one cannot make it): (exact), or (±x %%) as above\n",
+                    static_cast<long long>(kJackpotFactor));
     std::printf("%5s %4s %4s %5s %12s %13s %13s  %-24s %-20s %s\n", "lines", "dirs", "cpl", "bet", "RTP%",
                 "P(line pays)", "E(paid)/spin", "P(pays)", "sd/credit", "jackpot");
 
-    for (int li = 0; li < 5; ++li) {
+    for (std::size_t li = 0; li < kLineChoices.size(); ++li) {
         for (int both = 0; both < 2; ++both) {
-            for (int cpl = 1; cpl <= 10; ++cpl) {
+            for (int cpl = 1; cpl <= kCreditChoices; ++cpl) {
                 const ExactOdds odds = exactOdds(distribution, kLineChoices[li], both != 0, cpl);
-                const BetFigures& f = figures[static_cast<std::size_t>(li)][static_cast<std::size_t>(both)]
+                const BetFigures& f = figures[li][static_cast<std::size_t>(both)]
                                              [static_cast<std::size_t>(cpl - 1)];
                 Figure jackpot = f.jackpot;
                 if (exhaustive) {
-                    const auto k = jackpots.jackpots[static_cast<std::size_t>(li)][static_cast<std::size_t>(both)]
+                    const auto k = jackpots.jackpots[li][static_cast<std::size_t>(both)]
                                                     [static_cast<std::size_t>(cpl - 1)];
                     const long double p = static_cast<long double>(k) / static_cast<long double>(jackpots.grids);
                     jackpot = {p, p, p, true};

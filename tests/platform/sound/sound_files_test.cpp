@@ -48,6 +48,9 @@ private slots:
         bytes[34] = 8;  // 8 bits per sample
         QVERIFY(!wav::decode(bytes));
         bytes = wav::encode(sound);
+        bytes[22] = 0;  // no channels
+        QVERIFY(!wav::decode(bytes));
+        bytes = wav::encode(sound);
         bytes.resize(bytes.size() - 3);  // data cut short
         QVERIFY(!wav::decode(bytes));
         QVERIFY(!wav::decode({}));

@@ -12,6 +12,8 @@
 #include <QTemporaryFile>
 #include <QTest>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <unistd.h>
 
@@ -132,9 +134,13 @@ private slots:
         QVERIFY(heard > long(beep.frames()) / 2 && heard < 3 * long(beep.frames()));
     }
 
-    void beepsLeaveThePlayerAlone()
+    // However many players there are, each keeps a channel of its own.
+    void beepsLeaveThePlayersAlone()
     {
         startCapture("clink-and-beeps.raw");
+        std::array<MediaPlayer, 12> others;
+        for (MediaPlayer& other : others)
+            other.setFileName("chimes.wav");
         MediaPlayer player;
         player.setPlayCount(100000);
         player.setFileName("clink.wav");
@@ -142,11 +148,25 @@ private slots:
             systemBeep();
             QVERIFY(player.playing());
         }
+        QVERIFY(std::all_of(others.begin(), others.end(), [](const MediaPlayer& p) { return p.playing(); }));
         waitForMoreAudio();
         QVERIFY(player.playing());
         player.setFileName("");
         const Capture capture = finishCapture();
         QVERIFY(capture.peak() > 0);
+    }
+
+    // The device is closed once nothing plays, and opened by the next sound.
+    void theDeviceRestsOnlyWhenQuiet()
+    {
+        startCapture("rest.raw");
+        MediaPlayer player;
+        player.setFileName("clunk.wav");
+        QVERIFY(!restAudioWhenSilent() && sound::audioOpen());
+        player.setFileName("");
+        QVERIFY(restAudioWhenSilent() && !sound::audioOpen() && restAudioWhenSilent());
+        player.setFileName("chimes.wav");
+        QVERIFY(player.playing());
     }
 
     void noDeviceIsSilentAndSaysSoOnce()

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "rules/pay.h"
-#include "tools/odds/grid.h"
+#include "rules/paylines.h"
 #include "tools/odds/odds.h"
 #include "tools/odds/simulation.h"
 #include "tools/odds/spin_odds.h"
@@ -93,7 +93,7 @@ private slots:
     void spinFiguresAgreeWithEveryGrid()
     {
         const JackpotTally tally = jackpotExhaustive(2, 0, 1);
-        QCOMPARE(tally.grids, std::uint64_t{1} << kCellCount);
+        QCOMPARE(tally.grids, std::uint64_t{1} << kCells);
         const LineDistribution dist = lineDistribution(2);
         const int lineChoices[5] = {1, 3, 5, 7, 9};
         auto near = [](const Figure& f, long double exact) {
@@ -106,10 +106,10 @@ private slots:
                 for (int credits : {1, 7}) {
                     std::uint64_t jackpots = 0, paying = 0;
                     long double sum = 0, squares = 0;
-                    for (std::uint32_t code = 0; code < (1u << kCellCount); ++code) {
+                    for (std::uint32_t code = 0; code < (1u << kCells); ++code) {
                         Grid g{};
-                        for (int cell = 0; cell < kCellCount; ++cell)
-                            g[kFirstCell + cell] = (code >> cell) & 1;
+                        for (int cell = 0; cell < kCells; ++cell)
+                            g[cell] = (code >> cell) & 1;
                         const Settled s = settled(g, lineChoices[li], Currency::fromWhole(credits), both);
                         const auto paid = static_cast<long double>(s.paid.roundWhole());
                         jackpots += s.jackpot;
@@ -118,7 +118,7 @@ private slots:
                         squares += paid * paid;
                     }
                     QCOMPARE(tally.jackpots[li][both][credits - 1], jackpots);
-                    const long double grids = 1 << kCellCount, bet = lineChoices[li] * (both + 1) * credits;
+                    const long double grids = 1 << kCells, bet = lineChoices[li] * (both + 1) * credits;
                     const BetFigures& f = row[static_cast<std::size_t>(credits - 1)];
                     const QString where = QString("lines %1 both %2 credits %3").arg(lineChoices[li]).arg(both).arg(credits);
                     QVERIFY2(near(f.jackpot, jackpots / grids), qPrintable(where));
@@ -173,11 +173,11 @@ private slots:
         const int draws = 70000;
         for (int i = 0; i < draws; ++i) {
             random.fillGrid(g, 7);
-            for (int cell = kFirstCell; cell < kFirstCell + kCellCount; ++cell)
+            for (int cell = 0; cell < kCells; ++cell)
                 ++seen[cell][g[cell]];
         }
         // Each count is about 10,000 with a standard deviation near 93.
-        for (int cell = kFirstCell; cell < kFirstCell + kCellCount; ++cell)
+        for (int cell = 0; cell < kCells; ++cell)
             for (int s = 0; s < 7; ++s)
                 QVERIFY(std::abs(seen[cell][s] - draws / 7) < 500);
     }
