@@ -12,6 +12,7 @@
 #include <QTransform>
 
 #include <cstdint>
+#include <optional>
 
 namespace emf {
 
@@ -69,8 +70,7 @@ struct DeviceContext {
 
     QPointF position{0, 0};  // current position, reference-device pixels
 
-    bool clipped = false;
-    QPainterPath clip;       // reference-device pixels, used when clipped
+    std::optional<QPainterPath> clip;  // reference-device pixels; none clips nothing
 };
 
 // Reference-device pixels per millimetre, from the metafile header.

@@ -10,11 +10,6 @@
 
 namespace emf {
 
-// Bitmaps larger than this are skipped; a picture's bitmaps together may not
-// hold more than kMaxPicturePixels either.
-constexpr std::int64_t kMaxBitmapPixels = 64ll * 1024 * 1024;
-constexpr std::int64_t kMaxPicturePixels = kMaxBitmapPixels;
-
 // Where a record keeps its bitmap: header and pixels, offsets from the
 // record's start.
 struct DibLocation {

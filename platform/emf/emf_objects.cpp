@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_objects.h"
 
+#include "platform/emf/emf_limits.h"
+
 namespace emf {
 
 namespace {
@@ -8,11 +10,6 @@ namespace {
 // The device context's own pen and brush, which libuemf does not name.
 constexpr std::uint32_t kDcBrush = U_STOCK_OBJECT | 18;
 constexpr std::uint32_t kDcPen = U_STOCK_OBJECT | 19;
-
-QColor colour(const U_COLORREF& c)
-{
-    return QColor(c.Red, c.Green, c.Blue);
-}
 
 // Dash pattern, visibility and the ends and joins of a pen style word.
 void applyStyle(std::uint32_t style, PenObject& pen)
@@ -71,7 +68,7 @@ BrushObject stockBrush(QColor c, bool visible = true)
 PenObject penFromLogPen(const U_LOGPEN& lp)
 {
     PenObject pen;
-    pen.color = colour(lp.lopnColor);
+    pen.color = colourOf(lp.lopnColor);
     applyStyle(lp.lopnStyle, pen);
     // Width 0 is the one-pixel pen; any other width is in logical units.
     pen.cosmetic = lp.lopnWidth.x <= 0;
@@ -82,7 +79,7 @@ PenObject penFromLogPen(const U_LOGPEN& lp)
 PenObject penFromExtLogPen(const U_EXTLOGPEN& lp)
 {
     PenObject pen;
-    pen.color = colour(lp.elpColor);
+    pen.color = colourOf(lp.elpColor);
     applyStyle(lp.elpPenStyle, pen);
     if (lp.elpBrushStyle == U_BS_NULL)
         pen.visible = false;
@@ -94,7 +91,7 @@ PenObject penFromExtLogPen(const U_EXTLOGPEN& lp)
 BrushObject brushFromLogBrush(const U_LOGBRUSH& lb)
 {
     BrushObject brush;
-    brush.color = colour(lb.lbColor);
+    brush.color = colourOf(lb.lbColor);
     switch (lb.lbStyle) {
     case U_BS_SOLID: brush.style = Qt::SolidPattern; break;
     case U_BS_HATCHED: brush.style = hatchStyle(std::uint32_t(lb.lbHatch)); break;

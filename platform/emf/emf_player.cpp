@@ -9,15 +9,6 @@
 
 namespace emf {
 
-namespace {
-
-double linearScale(const QTransform& t)
-{
-    return std::sqrt(std::abs(t.m11() * t.m22() - t.m12() * t.m21()));
-}
-
-}  // namespace
-
 PictureData playRecords(const char* data, const CheckedMetafile& metafile)
 {
     return Player(data, metafile).run(metafile.records);
@@ -41,8 +32,6 @@ Player::Player(const char* data, const CheckedMetafile& mf)
     out_.exactSize = QSizeF(frameW * 96 / 2540, frameH * 96 / 2540);
     out_.naturalSize = QSize(int(std::lround(out_.exactSize.width())),
                              int(std::lround(out_.exactSize.height())));
-    everything_.addRect(out_.frame.adjusted(-kMaxCoordinate, -kMaxCoordinate,
-                                            kMaxCoordinate, kMaxCoordinate));
 }
 
 PictureData Player::run(const std::vector<RecordRef>& records)
@@ -117,10 +106,12 @@ void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
     case U_EMR_STRETCHDIBITS: case U_EMR_ALPHABLEND: case U_EMR_TRANSPARENTBLT:
         bitmapRecord(type, rec, size);
         return;
-    case U_EMR_COMMENT:
-        if (size >= 12 && readU32(rec, 8) <= size - 12 && isPlusComment(rec + 12, readU32(rec, 8)))
-            plusChunks_.push_back({rec + 12, readU32(rec, 8)});
+    case U_EMR_COMMENT: {
+        const CommentRecord comment = readComment(rec, size);
+        if (comment.data && isPlusComment(comment.data, comment.size))
+            plusChunks_.push_back({comment.data, comment.size});
         return;
+    }
     case U_EMR_SETPIXELV: case U_EMR_FILLRGN: case U_EMR_FRAMERGN: case U_EMR_INVERTRGN:
     case U_EMR_PAINTRGN: case U_EMR_GRADIENTFILL:
         fillRecord(type, rec);
@@ -155,51 +146,40 @@ void Player::openShape(const QPainterPath& devicePath)
 
 void Player::addOp(QPainterPath path, bool fill, bool stroke)
 {
-    const QRectF box = path.controlPointRect();
-    if (!std::isfinite(box.left()) || !std::isfinite(box.right()) ||
-        !std::isfinite(box.top()) || !std::isfinite(box.bottom()) ||
-        std::abs(box.left()) > kMaxCoordinate || std::abs(box.right()) > kMaxCoordinate ||
-        std::abs(box.top()) > kMaxCoordinate || std::abs(box.bottom()) > kMaxCoordinate)
+    fill = fill && dc_.brush.visible;
+    stroke = stroke && dc_.pen.visible;
+    if ((!fill && !stroke) || dc_.mix == U_R2_NOP)
         return;
-    DrawOp op;
-    op.filled = fill && dc_.brush.visible;
-    op.stroked = stroke && dc_.pen.visible;
-    if ((!op.filled && !op.stroked) || dc_.mix == U_R2_NOP)
-        return;
+    ShapeOp shape;
     path.setFillRule(dc_.windingFill ? Qt::WindingFill : Qt::OddEvenFill);
-    op.path = std::move(path);
-    if (op.filled)
-        op.brush = qtBrush(dc_.brush);
-    if (op.stroked) {
-        op.stroke.color = dc_.pen.color;
-        op.stroke.width =
-            dc_.pen.cosmetic ? 0 : std::min(dc_.pen.width * linearScale(toDevice()), kMaxPenWidth);
-        op.stroke.style = dc_.pen.style;
-        op.stroke.cap = dc_.pen.cap;
-        op.stroke.join = dc_.pen.join;
-        op.stroke.miterLimit = dc_.miterLimit;
+    shape.path = std::move(path);
+    if (fill)
+        shape.fill = qtBrush(dc_.brush);
+    if (stroke) {
+        Stroke& s = shape.stroke.emplace();
+        s.color = dc_.pen.color;
+        s.width = dc_.pen.cosmetic ? 0 : std::min(dc_.pen.width * linearScale(toDevice()), kMaxPenWidth);
+        s.style = dc_.pen.style;
+        s.cap = dc_.pen.cap;
+        s.join = dc_.pen.join;
+        s.miterLimit = dc_.miterLimit;
     }
     // The mix: black or white whatever the colours, or a bitwise
     // combination with what is drawn (XOR draws, and a second XOR undoes).
     if (dc_.mix == U_R2_BLACK || dc_.mix == U_R2_WHITE) {
         const QColor constant = dc_.mix == U_R2_BLACK ? Qt::black : Qt::white;
-        op.brush = QBrush(constant);
-        op.stroke.color = constant;
+        if (shape.fill)
+            shape.fill = QBrush(constant);
+        if (shape.stroke)
+            shape.stroke->color = constant;
     }
-    op.composition = mixComposition(dc_.mix);
-    op.clipped = dc_.clipped;
-    if (op.clipped)
-        op.clip = dc_.clip;
     // A hatched brush on an opaque background fills the gaps between its
     // lines with the background colour.
-    const Qt::BrushStyle style = op.brush.style();
-    if (op.filled && dc_.opaqueBackground && style >= Qt::HorPattern && style <= Qt::DiagCrossPattern) {
-        DrawOp background = op;
-        background.brush = QBrush(dc_.backgroundColor);
-        background.stroked = false;
-        out_.ops.push_back(std::move(background));
-    }
-    out_.ops.push_back(std::move(op));
+    const Qt::BrushStyle style = shape.fill ? shape.fill->style() : Qt::NoBrush;
+    if (dc_.opaqueBackground && style >= Qt::HorPattern && style <= Qt::DiagCrossPattern)
+        emitOp(out_.ops, {ShapeOp{shape.path, QBrush(dc_.backgroundColor), std::nullopt}, {}, mixComposition(dc_.mix)},
+               dc_.clip);
+    emitOp(out_.ops, {std::move(shape), {}, mixComposition(dc_.mix)}, dc_.clip);
 }
 
 // Continues the current figure from the current position: LineTo,

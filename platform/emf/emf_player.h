@@ -8,21 +8,17 @@
 #include "platform/emf/emf_dib.h"
 #include "platform/emf/emf_draw_op.h"
 #include "platform/emf/emf_fonts.h"
+#include "platform/emf/emf_limits.h"
 #include "platform/emf/emf_objects.h"
 #include "platform/emf/emf_plus.h"
 #include "platform/emf/emf_record_check.h"
+#include "platform/emf/emf_records.h"
 
 #include <cstdint>
 #include <cstddef>
 #include <vector>
 
 namespace emf {
-
-// Shapes reaching further than this from the reference device's origin are
-// damage, not drawing; dropping them keeps the rasteriser out of trouble.
-constexpr double kMaxCoordinate = 1 << 24;
-// Qt refuses pens from 32768 units wide; no picture of ours needs a tenth.
-constexpr double kMaxPenWidth = 10000;
 
 class Player {
 public:
@@ -71,14 +67,13 @@ private:
     // regions and gradients (emf_player_fills.cpp).
     void bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t size);
     void patternBlt(const QRectF& logical, std::uint32_t rop);
-    BrushObject patternBrush(const char* rec, std::uint32_t size);
+    BrushObject patternBrush(const char* rec, std::uint32_t size, const DibLocation& where);
     QImage bitmap(const char* rec, std::uint32_t size, const DibLocation& where, bool keepAlpha);
     void fillRecord(std::uint32_t type, const char* rec);
     void gradientRecord(const char* rec);
     void addImage(const QImage& image, const QTransform& placement, QPainter::CompositionMode mode);
     void addFill(const QPainterPath& devicePath, const QBrush& brush,
                  QPainter::CompositionMode mode = QPainter::CompositionMode_SourceOver);
-    void placeOp(DrawOp op);  // clipped, and dropped when out of reach
 
     const char* data_;
     ReferenceDevice device_;
@@ -90,7 +85,6 @@ private:
     bool inPath_ = false;
     bool figureOpen_ = false;  // the recorded path has a figure to continue
     QPainterPath path_;        // the path being (or last) recorded
-    QPainterPath everything_;  // the clip region that clips nothing
     PictureData out_;
     std::int64_t bitmapPixels_ = 0;  // decoded so far, against kMaxPicturePixels
     std::size_t pixelRun_ = SIZE_MAX;  // the op that single pixels of one colour join

@@ -12,8 +12,7 @@ namespace emf {
 // type is the 32-bit record's type for both point sizes.
 void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
 {
-    const std::uint32_t count = readU32(rec, 24);
-    std::vector<QPointF> pts = readPoints(rec, 28, count, sixteenBit);
+    std::vector<QPointF> pts = readPoly(rec, sixteenBit).points;
     const QTransform t = toDevice();
     for (QPointF& p : pts)
         p = t.map(p);
@@ -74,16 +73,13 @@ void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
 
 void Player::polyPolyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
 {
-    const std::uint32_t polys = readU32(rec, 24);
-    const std::uint32_t count = readU32(rec, 28);
-    const std::size_t pointsAt = 32 + 4 * std::size_t(polys);
-    std::vector<QPointF> pts = readPoints(rec, pointsAt, count, sixteenBit);
+    const PolyPolyRecord r = readPolyPoly(rec, sixteenBit);
+    const std::vector<QPointF>& pts = r.points;
     const QTransform t = toDevice();
     const bool closed = type == U_EMR_POLYPOLYGON || type == U_EMR_POLYPOLYGON16;
     QPainterPath path;
     std::size_t next = 0;
-    for (std::uint32_t i = 0; i < polys; ++i) {
-        const std::uint32_t n = readU32(rec, 32 + 4 * std::size_t(i));
+    for (const std::uint32_t n : r.counts) {
         if (n >= 2) {
             path.moveTo(t.map(pts[next]));
             for (std::uint32_t k = 1; k < n; ++k)
@@ -103,18 +99,18 @@ void Player::polyPolyRecord(std::uint32_t type, const char* rec, bool sixteenBit
 
 void Player::polyDrawRecord(const char* rec, bool sixteenBit)
 {
-    const std::uint32_t count = readU32(rec, 24);
-    std::vector<QPointF> pts = readPoints(rec, 28, count, sixteenBit);
-    const char* kinds = rec + 28 + std::size_t(count) * (sixteenBit ? 4 : 8);
+    const PolyDrawRecord r = readPolyDraw(rec, sixteenBit);
+    const std::vector<QPointF>& pts = r.points;
+    const std::vector<std::uint8_t>& kinds = r.kinds;
+    const std::size_t count = pts.size();
     const QTransform t = toDevice();
     QPainterPath scratch;
     QPainterPath& p = inPath_ ? path_ : scratch;
     if (!inPath_ || !figureOpen_)
         p.moveTo(dc_.position);
-    for (std::uint32_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         const QPointF q = t.map(pts[i]);
-        const std::uint8_t kind = std::uint8_t(kinds[i]);
-        switch (kind & ~U_PT_CLOSEFIGURE) {
+        switch (kinds[i] & ~U_PT_CLOSEFIGURE) {
         case U_PT_MOVETO: p.moveTo(q); break;
         case U_PT_LINETO: p.lineTo(q); break;
         case U_PT_BEZIERTO:
@@ -136,7 +132,7 @@ void Player::polyDrawRecord(const char* rec, bool sixteenBit)
 
 void Player::boxRecord(std::uint32_t type, const char* rec)
 {
-    const QRectF box = boxRect(rec, 8);
+    const QRectF box = boxOf(recordAs<U_EMRRECTANGLE>(rec).rclBox);
     QPainterPath logical;
     const QTransform t = toDevice();
     switch (type) {
@@ -159,8 +155,9 @@ void Player::boxRecord(std::uint32_t type, const char* rec)
         logical.addEllipse(box);
         break;
     case U_EMR_ROUNDRECT: {
-        const double rx = std::min(std::abs(double(readI32(rec, 24))) / 2, box.width() / 2);
-        const double ry = std::min(std::abs(double(readI32(rec, 28))) / 2, box.height() / 2);
+        const U_SIZEL corner = recordAs<U_EMRROUNDRECT>(rec).szlCorner;
+        const double rx = std::min(std::abs(double(corner.cx)) / 2, box.width() / 2);
+        const double ry = std::min(std::abs(double(corner.cy)) / 2, box.height() / 2);
         logical.addRoundedRect(box, rx, ry);
         break;
     }
@@ -172,9 +169,10 @@ void Player::boxRecord(std::uint32_t type, const char* rec)
 
 void Player::arcRecord(std::uint32_t type, const char* rec)
 {
-    const QRectF box = boxRect(rec, 8);
-    const QPointF start(readI32(rec, 24), readI32(rec, 28));
-    const QPointF end(readI32(rec, 32), readI32(rec, 36));
+    const U_EMRARC r = recordAs<U_EMRARC>(rec);
+    const QRectF box = boxOf(r.rclBox);
+    const QPointF start = pointOf(r.ptlStart);
+    const QPointF end = pointOf(r.ptlEnd);
     const QTransform t = toDevice();
     const bool cw = dc_.clockwiseArcs;
     switch (type) {
@@ -205,11 +203,12 @@ void Player::arcRecord(std::uint32_t type, const char* rec)
 
 void Player::angleArcRecord(const char* rec)
 {
-    const QPointF centre(readI32(rec, 8), readI32(rec, 12));
-    const double radius = readU32(rec, 16);
-    const double startAngle = readF32(rec, 20);
-    const double sweep = readF32(rec, 24);
-    if (!std::isfinite(startAngle) || !std::isfinite(sweep) || radius > kMaxCoordinate)
+    const U_EMRANGLEARC r = recordAs<U_EMRANGLEARC>(rec);
+    const QPointF centre = pointOf(r.ptlCenter);
+    const double radius = r.nRadius;
+    const double startAngle = r.eStartAngle;
+    const double sweep = r.eSweepAngle;
+    if (!std::isfinite(startAngle) || !std::isfinite(sweep) || radius > kMaxReach)
         return;
     const QRectF box(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
     QPainterPath arc;
@@ -225,7 +224,7 @@ void Player::angleArcRecord(const char* rec)
 
 void Player::lineTo(const char* rec)
 {
-    const QPointF to = toDevice().map(QPointF(readI32(rec, 8), readI32(rec, 12)));
+    const QPointF to = toDevice().map(pointOf(recordAs<U_EMRLINETO>(rec).ptl));
     QPainterPath scratch;
     QPainterPath& p = figureFromPosition(scratch);
     p.lineTo(to);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_plus_objects.h"
 
-#include "platform/emf/emf_dib.h"
+#include "platform/emf/emf_limits.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -13,9 +13,6 @@
 namespace emf::plus {
 
 namespace {
-
-// No record holds more points than this; longer counts are damage.
-constexpr std::uint32_t kMaxPoints = 1u << 20;
 
 enum ObjectType { kBrush = 1, kPen, kPath, kRegion, kImage, kFont, kStringFormat };
 
@@ -99,7 +96,7 @@ std::optional<Object> readPath(Reader& r)
 {
     const std::uint32_t count = r.u32();
     const std::uint32_t flags = r.u32();
-    if (count > kMaxPoints)
+    if (count > kMaxPlusPoints)
         return std::nullopt;
     const auto points = readPoints(r, count, flags & 0x4000, flags & 0x0800);
     if (!points || r.left() < count || (flags & 0x1000))  // run-length types are not read
@@ -224,11 +221,6 @@ bool Reader::need(std::size_t bytes)
     return false;
 }
 
-double sane(float v)
-{
-    return std::isfinite(v) && std::abs(v) < 1e9 ? double(v) : 0.0;
-}
-
 std::optional<QBrush> readBrush(Reader& r)
 {
     r.u32();  // version
@@ -265,7 +257,7 @@ std::optional<QBrush> readBrush(Reader& r)
 
 std::optional<std::vector<QPointF>> readPoints(Reader& r, std::uint32_t count, bool compressed, bool relative)
 {
-    if (relative || count > kMaxPoints || std::uint64_t(count) * (compressed ? 4 : 8) > r.left())
+    if (relative || count > kMaxPlusPoints || std::uint64_t(count) * (compressed ? 4 : 8) > r.left())
         return std::nullopt;
     std::vector<QPointF> points(count);
     for (QPointF& p : points) {

@@ -38,9 +38,6 @@ private:
     bool ok_ = true;
 };
 
-// A float that is finite and of sane size, or 0.
-double sane(float v);
-
 struct Brush {
     QBrush brush;
 };
@@ -63,9 +60,10 @@ struct Image {
 };
 
 struct Font {
+    enum Style { kBold = 1, kItalic = 2, kUnderline = 4, kStrikeOut = 8 };
     double emSize = 0;
     std::uint32_t unit = 0;
-    int style = 0;  // bold 1, italic 2, underline 4, strike-out 8
+    int style = 0;  // Style bits
     QString family;
 };
 
