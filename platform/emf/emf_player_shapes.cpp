@@ -16,58 +16,31 @@ void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
     const QTransform t = toDevice();
     for (QPointF& p : pts)
         p = t.map(p);
-
-    switch (type) {
-    case U_EMR_POLYGON: {
-        if (pts.size() < 2)
-            return;
-        QPainterPath path;
-        path.addPolygon(QPolygonF(QList<QPointF>(pts.begin(), pts.end())));
-        path.closeSubpath();
-        shape(path, true, true);
+    // The "to" forms continue from the current position; the others start
+    // at their first point. Béziers take three points a curve.
+    const bool bezier = type == U_EMR_POLYBEZIER || type == U_EMR_POLYBEZIERTO;
+    const bool fromPosition = type == U_EMR_POLYLINETO || type == U_EMR_POLYBEZIERTO;
+    const std::size_t first = fromPosition ? 0 : 1;
+    if (pts.size() <= first || (bezier && (pts.size() - first) % 3 != 0))
         return;
-    }
-    case U_EMR_POLYLINE: {
-        if (pts.size() < 2)
-            return;
-        QPainterPath path;
-        path.addPolygon(QPolygonF(QList<QPointF>(pts.begin(), pts.end())));
-        openShape(path);
-        return;
-    }
-    case U_EMR_POLYBEZIER: {
-        if (pts.size() < 4 || (pts.size() - 1) % 3 != 0)
-            return;
-        QPainterPath path(pts[0]);
-        for (std::size_t i = 1; i + 2 < pts.size(); i += 3)
-            path.cubicTo(pts[i], pts[i + 1], pts[i + 2]);
-        openShape(path);
-        return;
-    }
-    case U_EMR_POLYLINETO: {
-        if (pts.empty())
-            return;
-        QPainterPath scratch;
-        QPainterPath& p = figureFromPosition(scratch);
-        for (const QPointF& q : pts)
-            p.lineTo(q);
-        dc_.position = pts.back();
-        finishOpenFigure(scratch);
-        return;
-    }
-    case U_EMR_POLYBEZIERTO: {
-        if (pts.empty() || pts.size() % 3 != 0)
-            return;
-        QPainterPath scratch;
-        QPainterPath& p = figureFromPosition(scratch);
-        for (std::size_t i = 0; i + 2 < pts.size(); i += 3)
+    QPainterPath scratch;
+    QPainterPath& p = fromPosition ? figureFromPosition(scratch) : scratch;
+    if (!fromPosition)
+        p.moveTo(pts[0]);
+    for (std::size_t i = first; i < pts.size(); i += bezier ? 3 : 1) {
+        if (bezier)
             p.cubicTo(pts[i], pts[i + 1], pts[i + 2]);
+        else
+            p.lineTo(pts[i]);
+    }
+    if (fromPosition) {
         dc_.position = pts.back();
         finishOpenFigure(scratch);
-        return;
-    }
-    default:
-        return;
+    } else if (type == U_EMR_POLYGON) {
+        p.closeSubpath();
+        shape(p, true, true);
+    } else {
+        openShape(p);
     }
 }
 

@@ -188,7 +188,7 @@ std::optional<QFont> PlusPlayer::fontAt(std::uint32_t id, double& scale) const
     const double devicePerWorld = linearScale(toDevice());
     double em = font->emSize;
     if (font->unit != 0 && devicePerWorld > 0)
-        em = font->emSize * unitScale(font->unit) / devicePerWorld;
+        em = font->emSize * unitScale(font->unit, device_.dpiX) / devicePerWorld;
     if (!(em > 0) || em > kMaxReach)
         return std::nullopt;
     QFont qfont(font->family);

@@ -38,6 +38,25 @@ private:
     bool ok_ = true;
 };
 
+// The bits of a record's flags word.
+namespace flag {
+constexpr std::uint16_t kObjectId = 0x00ff;      // the object (pen, path, font, image) drawn with
+constexpr std::uint16_t kColourBrush = 0x8000;   // the brush field is an ARGB colour, not an object
+constexpr std::uint16_t kContinued = 0x8000;     // Object: more parts of this object follow
+constexpr std::uint16_t kCompressed = 0x4000;    // points are 16-bit integers
+constexpr std::uint16_t kClosed = 0x2000;        // DrawLines: the figure is closed
+constexpr std::uint16_t kWinding = 0x2000;       // FillClosedCurve: the winding fill rule
+constexpr std::uint16_t kPostMultiply = 0x2000;  // transforms: applied after the world's
+constexpr std::uint16_t kRelative = 0x0800;      // points are offsets from the one before
+}  // namespace flag
+
+// The second byte of the flags: an Object record's type, a clip's mode.
+inline int highByte(std::uint16_t flags, int mask) { return flags >> 8 & mask; }
+
+// Device pixels per unit of measure (points, inches, millimetres...) at
+// `dpi`; world, display and pixel units are taken as one pixel.
+double unitScale(std::uint32_t unit, double dpi);
+
 struct Brush {
     QBrush brush;
 };

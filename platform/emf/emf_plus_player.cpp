@@ -9,22 +9,10 @@ namespace emf {
 
 namespace plus {
 
-double PlusPlayer::unitScale(std::uint32_t unit, bool vertical) const
-{
-    const double dpi = vertical ? device_.dpiY : device_.dpiX;
-    switch (unit) {
-    case 3: return dpi / 72;   // points
-    case 4: return dpi;        // inches
-    case 5: return dpi / 300;  // document units
-    case 6: return dpi / 25.4; // millimetres
-    default: return 1;         // world, display and pixels
-    }
-}
-
 QTransform PlusPlayer::toDevice() const
 {
-    const double sx = unitScale(state_.pageUnit) * state_.pageScale;
-    const double sy = unitScale(state_.pageUnit, true) * state_.pageScale;
+    const double sx = unitScale(state_.pageUnit, device_.dpiX) * state_.pageScale;
+    const double sy = unitScale(state_.pageUnit, device_.dpiY) * state_.pageScale;
     return state_.world * QTransform::fromScale(sx, sy);
 }
 

@@ -31,21 +31,6 @@ enum RecordType : std::uint16_t {
     kDrawDriverString,
 };
 
-// The bits of a record's flags word.
-namespace flag {
-constexpr std::uint16_t kObjectId = 0x00ff;      // the object (pen, path, font, image) drawn with
-constexpr std::uint16_t kColourBrush = 0x8000;   // the brush field is an ARGB colour, not an object
-constexpr std::uint16_t kContinued = 0x8000;     // Object: more parts of this object follow
-constexpr std::uint16_t kCompressed = 0x4000;    // points are 16-bit integers
-constexpr std::uint16_t kClosed = 0x2000;        // DrawLines: the figure is closed
-constexpr std::uint16_t kWinding = 0x2000;       // FillClosedCurve: the winding fill rule
-constexpr std::uint16_t kPostMultiply = 0x2000;  // transforms: applied after the world's
-constexpr std::uint16_t kRelative = 0x0800;      // points are offsets from the one before
-}  // namespace flag
-
-// The second byte of the flags: an Object record's type, a clip's mode.
-inline int highByte(std::uint16_t flags, int mask) { return flags >> 8 & mask; }
-
 struct State {
     QTransform world;
     std::uint32_t pageUnit = 2;  // pixels
@@ -72,7 +57,6 @@ private:
     void clipRecord(std::uint16_t type, std::uint16_t flags, Reader& r);
 
     // Mapping and objects.
-    double unitScale(std::uint32_t unit, bool vertical = false) const;
     QTransform toDevice() const;
     std::optional<QBrush> brushOf(std::uint16_t flags, std::uint32_t id) const;
     std::optional<QFont> fontAt(std::uint32_t id, double& scale) const;
