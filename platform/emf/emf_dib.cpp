@@ -260,22 +260,22 @@ QImage decodeRle(const Header& h, const char* data, std::uint64_t bytes)
     return image;
 }
 
-QImage decodeEmbedded(const char* data, std::uint64_t bytes)
+}  // namespace
+
+QImage decodeEncoded(const char* data, std::uint64_t bytes, std::int64_t pixelsAllowed)
 {
     QByteArray encoded = QByteArray::fromRawData(data, qsizetype(bytes));
     QBuffer buffer(&encoded);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     const QSize size = reader.size();
-    if (!size.isValid() || std::int64_t(size.width()) * size.height() > kMaxBitmapPixels)
+    if (!size.isValid() || std::int64_t(size.width()) * size.height() > pixelsAllowed)
         return {};
     QImage image = reader.read();
     if (image.isNull())
         return image;
     return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
-
-}  // namespace
 
 QSize dibSize(const char* record, std::uint32_t recordSize, const DibLocation& where)
 {
@@ -299,7 +299,7 @@ QImage decodeDib(const char* record, std::uint32_t recordSize, const DibLocation
         if (h->width * h->height > 1024 * std::int64_t(where.bitsBytes) + (1 << 20))
             return {};
         return decodeRle(*h, bits, where.bitsBytes);
-    case U_BI_JPEG: case U_BI_PNG: return decodeEmbedded(bits, where.bitsBytes);
+    case U_BI_JPEG: case U_BI_PNG: return decodeEncoded(bits, where.bitsBytes, kMaxBitmapPixels);
     default: return decodePlain(*h, bits, where.bitsBytes, keepAlpha);
     }
 }

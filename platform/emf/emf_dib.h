@@ -33,4 +33,8 @@ QSize dibSize(const char* record, std::uint32_t recordSize, const DibLocation& w
 QImage decodeDib(const char* record, std::uint32_t recordSize, const DibLocation& where,
                  bool keepAlpha = false);
 
+// A PNG, JPEG or other file's picture as ARGB32 premultiplied; null when it
+// cannot be read or holds more than pixelsAllowed pixels.
+QImage decodeEncoded(const char* data, std::uint64_t bytes, std::int64_t pixelsAllowed);
+
 }  // namespace emf

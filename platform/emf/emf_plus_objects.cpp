@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_plus_objects.h"
 
+#include "platform/emf/emf_dib.h"
 #include "platform/emf/emf_limits.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QLinearGradient>
 
 #include <cmath>
@@ -135,14 +134,7 @@ std::optional<Object> readImage(Reader& r, std::int64_t* pixelsUsed)
         return std::nullopt;
     QImage image;
     if (kind == 1) {  // a compressed file: PNG, JPEG, GIF...
-        QByteArray bytes = QByteArray::fromRawData(r.here(), qsizetype(r.left()));
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::ReadOnly);
-        QImageReader reader(&buffer);
-        const QSize size = reader.size();
-        if (!size.isValid() || std::int64_t(size.width()) * size.height() + *pixelsUsed > kMaxPicturePixels)
-            return std::nullopt;
-        image = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        image = decodeEncoded(r.here(), r.left(), kMaxPicturePixels - *pixelsUsed);
     } else {
         // The pixel formats drawn: 32-bit with alpha, premultiplied or not,
         // or without, and 24-bit.
@@ -189,50 +181,6 @@ double unitScale(std::uint32_t unit, double dpi)
     case 6: return dpi / 25.4; // millimetres
     default: return 1;
     }
-}
-
-std::uint32_t Reader::u32()
-{
-    if (!need(4))
-        return 0;
-    std::uint32_t v;
-    std::memcpy(&v, data_ + at_, 4);
-    at_ += 4;
-    return v;
-}
-
-std::int16_t Reader::i16()
-{
-    if (!need(2))
-        return 0;
-    std::int16_t v;
-    std::memcpy(&v, data_ + at_, 2);
-    at_ += 2;
-    return v;
-}
-
-float Reader::f32()
-{
-    const std::uint32_t bits = u32();
-    float v;
-    std::memcpy(&v, &bits, 4);
-    return v;
-}
-
-bool Reader::skip(std::size_t bytes)
-{
-    if (!need(bytes))
-        return false;
-    at_ += bytes;
-    return true;
-}
-
-bool Reader::need(std::size_t bytes)
-{
-    if (ok_ && bytes <= size_ - at_)
-        return true;
-    ok_ = false;
-    return false;
 }
 
 std::optional<QBrush> readBrush(Reader& r)

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -23,15 +24,27 @@ public:
     bool ok() const { return ok_; }
     std::size_t left() const { return ok_ ? size_ - at_ : 0; }
     const char* here() const { return data_ + at_; }
-    std::uint32_t u32();
-    std::int32_t i32() { return std::int32_t(u32()); }
-    std::int16_t i16();
-    std::uint16_t u16() { return std::uint16_t(i16()); }
-    float f32();
-    bool skip(std::size_t bytes);
+    template <class T>
+    T next()
+    {
+        T v{};
+        if (skip(sizeof v))
+            std::memcpy(&v, data_ + at_ - sizeof v, sizeof v);
+        return v;
+    }
+    std::uint32_t u32() { return next<std::uint32_t>(); }
+    std::int32_t i32() { return next<std::int32_t>(); }
+    std::int16_t i16() { return next<std::int16_t>(); }
+    std::uint16_t u16() { return next<std::uint16_t>(); }
+    float f32() { return next<float>(); }
+    bool skip(std::size_t bytes)
+    {
+        ok_ = ok_ && bytes <= size_ - at_;
+        at_ += ok_ ? bytes : 0;
+        return ok_;
+    }
 
 private:
-    bool need(std::size_t bytes);
     const char* data_;
     std::size_t size_;
     std::size_t at_ = 0;
