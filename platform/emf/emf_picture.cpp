@@ -3,7 +3,7 @@
 
 #include "platform/emf/emf_draw_op.h"
 #include "platform/emf/emf_limits.h"
-#include "platform/emf/emf_playback.h"
+#include "platform/emf/emf_player.h"
 #include "platform/emf/emf_record_check.h"
 
 #include <QFile>

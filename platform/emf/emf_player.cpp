@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_player.h"
 
-#include "platform/emf/emf_playback.h"
 #include "platform/emf/emf_raster_op.h"
 
 #include <algorithm>
@@ -50,54 +49,32 @@ void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
 {
     switch (type) {
     case U_EMR_POLYBEZIER: case U_EMR_POLYGON: case U_EMR_POLYLINE:
-    case U_EMR_POLYBEZIERTO: case U_EMR_POLYLINETO:
-        polyRecord(type, rec, false);
-        return;
+    case U_EMR_POLYBEZIERTO: case U_EMR_POLYLINETO: polyRecord(type, rec, false); return;
     case U_EMR_POLYBEZIER16: case U_EMR_POLYGON16: case U_EMR_POLYLINE16:
     case U_EMR_POLYBEZIERTO16: case U_EMR_POLYLINETO16:
         polyRecord(type - (U_EMR_POLYBEZIER16 - U_EMR_POLYBEZIER), rec, true);
         return;
-    case U_EMR_POLYPOLYLINE: case U_EMR_POLYPOLYGON:
-        polyPolyRecord(type, rec, false);
-        return;
-    case U_EMR_POLYPOLYLINE16: case U_EMR_POLYPOLYGON16:
-        polyPolyRecord(type, rec, true);
-        return;
+    case U_EMR_POLYPOLYLINE: case U_EMR_POLYPOLYGON: polyPolyRecord(type, rec, false); return;
+    case U_EMR_POLYPOLYLINE16: case U_EMR_POLYPOLYGON16: polyPolyRecord(type, rec, true); return;
     case U_EMR_POLYDRAW: polyDrawRecord(rec, false); return;
     case U_EMR_POLYDRAW16: polyDrawRecord(rec, true); return;
-    case U_EMR_RECTANGLE: case U_EMR_ELLIPSE: case U_EMR_ROUNDRECT:
-        boxRecord(type, rec);
-        return;
-    case U_EMR_ARC: case U_EMR_CHORD: case U_EMR_PIE: case U_EMR_ARCTO:
-        arcRecord(type, rec);
-        return;
+    case U_EMR_RECTANGLE: case U_EMR_ELLIPSE: case U_EMR_ROUNDRECT: boxRecord(type, rec); return;
+    case U_EMR_ARC: case U_EMR_CHORD: case U_EMR_PIE: case U_EMR_ARCTO: arcRecord(type, rec); return;
     case U_EMR_ANGLEARC: angleArcRecord(rec); return;
     case U_EMR_LINETO: lineTo(rec); return;
     case U_EMR_EXTTEXTOUTA: case U_EMR_EXTTEXTOUTW: case U_EMR_POLYTEXTOUTA:
-    case U_EMR_POLYTEXTOUTW: case U_EMR_SMALLTEXTOUT:
-        textRecord(type, rec, size);
-        return;
+    case U_EMR_POLYTEXTOUTW: case U_EMR_SMALLTEXTOUT: textRecord(type, rec, size); return;
     case U_EMR_EXTCREATEFONTINDIRECTW: case U_EMR_SETTEXTALIGN: case U_EMR_SETTEXTCOLOR:
-    case U_EMR_SETBKCOLOR: case U_EMR_SETBKMODE:
-        textStateRecord(type, rec, size);
-        return;
+    case U_EMR_SETBKCOLOR: case U_EMR_SETBKMODE: textStateRecord(type, rec, size); return;
     case U_EMR_BEGINPATH: case U_EMR_ENDPATH: case U_EMR_ABORTPATH:
     case U_EMR_CLOSEFIGURE: case U_EMR_FILLPATH: case U_EMR_STROKEPATH:
-    case U_EMR_STROKEANDFILLPATH:
-        pathRecord(type);
-        return;
+    case U_EMR_STROKEANDFILLPATH: pathRecord(type); return;
     case U_EMR_INTERSECTCLIPRECT: case U_EMR_EXCLUDECLIPRECT:
-    case U_EMR_SELECTCLIPPATH: case U_EMR_EXTSELECTCLIPRGN:
-        clipRecord(type, rec);
-        return;
+    case U_EMR_SELECTCLIPPATH: case U_EMR_EXTSELECTCLIPRGN: clipRecord(type, rec); return;
     case U_EMR_SETMAPMODE: case U_EMR_SETWINDOWEXTEX: case U_EMR_SETVIEWPORTEXTEX:
     case U_EMR_SETWINDOWORGEX: case U_EMR_SETVIEWPORTORGEX:
-    case U_EMR_SCALEWINDOWEXTEX: case U_EMR_SCALEVIEWPORTEXTEX:
-        mappingRecord(type, rec);
-        return;
-    case U_EMR_SETWORLDTRANSFORM: case U_EMR_MODIFYWORLDTRANSFORM:
-        worldRecord(type, rec);
-        return;
+    case U_EMR_SCALEWINDOWEXTEX: case U_EMR_SCALEVIEWPORTEXTEX: mappingRecord(type, rec); return;
+    case U_EMR_SETWORLDTRANSFORM: case U_EMR_MODIFYWORLDTRANSFORM: worldRecord(type, rec); return;
     case U_EMR_SAVEDC: case U_EMR_RESTOREDC: case U_EMR_SETPOLYFILLMODE:
     case U_EMR_SETARCDIRECTION: case U_EMR_SETMITERLIMIT: case U_EMR_MOVETOEX: case U_EMR_SETROP2:
         stateRecord(type, rec);
@@ -113,9 +90,7 @@ void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
         return;
     }
     case U_EMR_SETPIXELV: case U_EMR_FILLRGN: case U_EMR_FRAMERGN: case U_EMR_INVERTRGN:
-    case U_EMR_PAINTRGN: case U_EMR_GRADIENTFILL:
-        fillRecord(type, rec);
-        return;
+    case U_EMR_PAINTRGN: case U_EMR_GRADIENTFILL: fillRecord(type, rec); return;
     default:
         objectRecord(type, rec, size);
         return;

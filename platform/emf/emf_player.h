@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
-// The record interpreter behind playRecords: walks the checked records in
-// order, keeps the device context, object table and path being recorded, and
-// collects the shapes to draw. Shapes live in emf_player_shapes.cpp, state,
-// mapping, clipping and objects in emf_player_state.cpp.
+// The plain record interpreter: walks the checked records in order, keeps
+// the device context, object table and path being recorded, and collects the
+// steps to draw. Its records live by family: figures in
+// emf_player_shapes.cpp, clipping, mapping, saved states and objects in
+// emf_player_state.cpp, text in emf_player_text.cpp, bit blocks in
+// emf_player_bitmaps.cpp, pixels, regions and gradients in
+// emf_player_fills.cpp.
 #include "platform/emf/emf_device_context.h"
 #include "platform/emf/emf_dib.h"
 #include "platform/emf/emf_draw_op.h"
@@ -90,5 +93,9 @@ private:
     std::size_t pixelRun_ = SIZE_MAX;  // the op that single pixels of one colour join
     std::vector<PlusChunk> plusChunks_;  // EMF+ records, drawn when nothing else is
 };
+
+// The picture the records of a checked metafile draw; `data` is the buffer
+// checkMetafile approved as `metafile`.
+PictureData playRecords(const char* data, const CheckedMetafile& metafile);
 
 }  // namespace emf
