@@ -295,6 +295,7 @@ private slots:
     {
         QTest::addColumn<Draw>("draw");
         QTest::addColumn<std::vector<Expect>>("expected");
+        using namespace std::string_literals;
         auto f = [](std::initializer_list<float> values) {
             std::string out;
             for (float v : values)
@@ -341,6 +342,83 @@ private slots:
         QTest::newRow("placed characters")
             << picture(font + plus(0x4036, 0x8003, le(K) + le(1) + le(0) + le(2) + std::string("H\0H\0", 4) + f({0, 36, 30, 36})))
             << std::vector<Expect>{{{5, 30}, K}, {{35, 30}, K}, {{14, 30}, W}, {{5, 4}, W}};
+        QTest::newRow("characters at the font's advances")  // the second H some 29 pixels on
+            << picture(font + plus(0x4036, 0x8003, le(K) + le(5) + le(0) + le(2) + std::string("H\0H\0", 4) + f({0, 36, 0, 0})))
+            << std::vector<Expect>{{{5, 30}, K}, {{34, 30}, K}, {{38, 30}, W}, {{14, 30}, W}};
+        // An I in a 40 x 40 box: at its left edge, or centred both ways.
+        auto string = [=](const std::string& format) {
+            return picture(font + format + plus(0x401c, 0x8003, le(K) + le(4) + le(1) + f({0, 0, 40, 40}) + "I\0\0\0"s));
+        };
+        QTest::newRow("string at its box's corner") << string("") << std::vector<Expect>{{{6, 20}, K}, {{20, 20}, W}, {{6, 34}, K}};
+        QTest::newRow("centred string") << string(plus(0x4008, 0x704, le(0xdbc01002) + le(0) + le(0) + le(1) + le(1)))
+                                        << std::vector<Expect>{{{6, 20}, W}, {{20, 20}, K}, {{20, 34}, W}};
+        // Figures closed by their flags, by their points' kinds, or not at all.
+        const std::vector<Expect> closing{{{20, 20}, K}, {{38, 20}, K}};
+        QTest::newRow("closed lines") << picture(blackPen + plus(0x400d, 0x2001, le(3) + f({0, 10, 38, 10, 38, 30})))
+                                      << closing;
+        QTest::newRow("path's closed figure") << picture(blackPen + square + plus(0x4015, 2, le(1)))
+                                              << std::vector<Expect>{{{1, 20}, K}, {{20, 39}, K}, {{20, 20}, W}};
+        QTest::newRow("open arc") << picture(blackPen + plus(0x4012, 1, f({0, 90, 0, 0, 40, 40})))
+                                  << std::vector<Expect>{{{34, 34}, K}, {{23, 23}, W}, {{30, 20}, W}};
+        QTest::newRow("pie") << picture(plus(0x4010, 0x8000, le(R) + f({0, 90, 0, 0, 40, 40})))
+                             << std::vector<Expect>{{{23, 23}, R}, {{30, 10}, W}, {{10, 30}, W}};
+        QTest::newRow("triangle") << picture(plus(0x400c, 0x8000, le(R) + le(3) + f({0, 0, 40, 0, 0, 40})))
+                                  << std::vector<Expect>{{{5, 5}, R}, {{35, 35}, W}};
+        QTest::newRow("Béziers") << picture(blackPen + plus(0x4019, 1, le(4) + f({0, 20, 13, 20, 27, 20, 40, 20}))) << line;
+        QTest::newRow("rectangle outline") << picture(blackPen + plus(0x400b, 1, le(1) + f({4, 4, 32, 32})))
+                                           << std::vector<Expect>{{{4, 20}, K}, {{36, 20}, K}, {{20, 20}, W}};
+        QTest::newRow("ellipse outline") << picture(blackPen + plus(0x400f, 1, f({0, 0, 40, 40})))
+                                         << std::vector<Expect>{{{20, 1}, K}, {{20, 20}, W}};
+        QTest::newRow("closed curve") << picture(plus(0x4016, 0x8000, le(R) + f({0.5}) + le(4) + f({20, 0, 40, 20, 20, 40, 0, 20})))
+                                      << std::vector<Expect>{{{20, 20}, R}, {{31, 31}, R}, {{2, 2}, W}};
+        QTest::newRow("16-bit rectangle") << picture(plus(0x400a, 0xc000, le(R) + le(1) + le(0, 2) + le(0, 2) + le(20, 2) + le(40, 2)))
+                                          << quadrants(R, W, R, W);
+        // A pen with every optional field but dashes, none of them changing a solid line.
+        QTest::newRow("pen's optional fields")
+            << picture(plus(0x4008, 0x201, le(0xdbc01002) + le(0) + le(0x1eff) + le(0) + f({4, 1, 0, 0, 1, 0, 0}) +
+                                               le(0) + le(0) + le(0) + f({10}) + le(0) + le(0) + f({0}) + le(0) + le(1) +
+                                               f({1}) + le(4) + le(0) + le(4) + le(0) + le(0xdbc01002) + le(0) + le(K)) +
+                       plus(0x400d, 1, le(2) + f({0, 20, 40, 20})))
+            << line;
+        // Brushes: a gradient across, a path gradient's centre colour, an object sent in two parts.
+        QTest::newRow("gradient brush")
+            << picture(plus(0x4008, 0x100, le(0xdbc01002) + le(4) + le(0) + le(0) + f({0, 0, 40, 40}) + le(R) + le(B)) +
+                       plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})))
+            << std::vector<Expect>{{{1, 20}, R}, {{39, 20}, B}};
+        QTest::newRow("path gradient's centre")
+            << picture(plus(0x4008, 0x100, le(0xdbc01002) + le(3) + le(0) + le(0) + le(G)) + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})))
+            << quadrants(G, G, G, G);
+        QTest::newRow("object in two parts")
+            << picture(plus(0x4008, 0x8100, le(12) + le(0xdbc01002) + le(0)) + plus(0x4008, 0x100, le(0xffff0000)) +
+                       plus(0x400a, 0, le(0) + le(1) + f({0, 0, 20, 40})))
+            << quadrants(R, W, R, W);
+        // Bitmaps: a PNG over the picture, its right column by three points,
+        // and raw pixels with alpha.
+        const std::string image = plus(0x4008, 0x505, le(0xdbc01002) + le(1) + le(2) + le(2) + le(0) + le(0) + le(1) + png().toStdString());
+        QTest::newRow("image") << picture(image + plus(0x401a, 5, le(0) + le(2) + f({0, 0, 2, 2, 0, 0, 40, 40})))
+                               << quadrants(R, G, B, W);
+        QTest::newRow("image part on three points")
+            << picture(image + plus(0x401b, 5, le(0) + le(2) + f({1, 0, 1, 2}) + le(3) + f({0, 0, 40, 0, 0, 40})))
+            << quadrants(G, G, W, W);
+        QTest::newRow("raw pixels") << picture(plus(0x4008, 0x505, le(0xdbc01002) + le(1) + le(2) + le(1) + le(8) + le(0x26200a) +
+                                                                   le(0) + le(0xffff0000) + le(0x800000ff)) +
+                                               plus(0x401a, 5, le(0) + le(2) + f({0, 0, 2, 1, 0, 0, 40, 40})))
+                                    << quadrants(R, 0xff7f7fff, R, 0xff7f7fff);
+        // State: transforms set, post-multiplied, saved and restored; clips
+        // excluded, moved and lifted.
+        const std::string fillAll = plus(0x400a, 0x8000, le(R) + le(1) + f({0, 0, 40, 40}));
+        QTest::newRow("transform set") << picture(plus(0x402a, 0, f({0.5, 0, 0, 0.5, 0, 0})) + fillAll) << quadrants(R, W, W, W);
+        QTest::newRow("transform after the world's")
+            << picture(plus(0x402d, 0, f({20, 0})) + plus(0x402c, 0x2000, f({0.5, 0, 0, 0.5, 0, 0})) + fillAll)
+            << std::vector<Expect>{{{12, 10}, R}, {{35, 10}, W}, {{12, 30}, W}};
+        QTest::newRow("saved and restored") << picture(plus(0x4025, 0, le(7)) + plus(0x402d, 0, f({20, 0})) +
+                                                       plus(0x4026, 0, le(7)) + plus(0x400a, 0x8000, le(R) + le(1) + f({0, 0, 20, 40})))
+                                            << quadrants(R, W, R, W);
+        QTest::newRow("clip excluded") << picture(plus(0x4032, 0x400, f({0, 0, 20, 40})) + fillAll) << quadrants(W, R, W, R);
+        QTest::newRow("clip moved") << picture(plus(0x4032, 0, f({0, 0, 20, 40})) + plus(0x4035, 0, f({20, 0})) + fillAll)
+                                    << quadrants(W, R, W, R);
+        QTest::newRow("clip lifted") << picture(plus(0x4032, 0, f({0, 0, 20, 20})) + plus(0x4031, 0, "") + fillAll)
+                                     << quadrants(R, R, R, R);
     }
     void plusRecords() { fills(); }
 };
