@@ -169,6 +169,17 @@ const std::vector<ShapeCase>& shapeCases()
              e.rectangle({0, 0, 1000, -1000});
          },
          {0, 0, 37.8, 37.8}, 37.795 * 37.795},
+        {"extents kept by a second scalable mapping, then scaled",  // 400 to 100, then 200 to 100
+         [](EmfWriter& e) {
+             blackFill(e);
+             e.add(U_EMRSETMAPMODE_set(U_MM_ANISOTROPIC));
+             e.add(U_EMRSETWINDOWEXTEX_set({400, 400}));
+             e.add(U_EMRSETVIEWPORTEXTEX_set({100, 100}));
+             e.add(U_EMRSETMAPMODE_set(U_MM_ISOTROPIC));
+             e.add(U_EMRSCALEWINDOWEXTEX_set(1, 2, 1, 2));
+             e.rectangle({20, 20, 60, 60});
+         },
+         {10, 10, 20, 20}, 400},
         {"tenths of a millimetre", fixedModeSquare(U_MM_LOMETRIC, 100), {0, 0, 37.8, 37.8}, 37.795 * 37.795},
         {"hundredths of an inch", fixedModeSquare(U_MM_LOENGLISH, 50), {0, 0, 48, 48}, 48 * 48},
         {"thousandths of an inch", fixedModeSquare(U_MM_HIENGLISH, 500), {0, 0, 48, 48}, 48 * 48},
@@ -183,6 +194,9 @@ const std::vector<ShapeCase>& shapeCases()
              e.add(U_EMRARC_set({10, 10, 60, 60}, P(70, 35), P(35, 0)));
          },
          {8, 8, 54, 54}, M_PI * 150, 0.05},
+        {"angle arc, a whole circle",  // from the current position, on the circle already
+         [](EmfWriter& e) { widePen(e, 4); e.moveTo(P(56, 36)); e.add(U_EMRANGLEARC_set(P(36, 36), 20, 0, 360)); },
+         {14, 14, 44, 44}, M_PI * 160, 0.05},
         {"chord",
          [](EmfWriter& e) { blackFill(e); e.add(U_EMRCHORD_set({10, 10, 60, 60}, P(70, 35), P(35, 0))); },
          {35, 10, 25, 25}, M_PI * 625 / 4 - 312.5},
@@ -340,6 +354,7 @@ private slots:
         const auto square = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter&) {}));
         QVERIFY(square);
         QCOMPARE(square->naturalSize(), QSize(73, 73));
+        QVERIFY(std::abs(square->exactSize().width() - 73) + std::abs(square->exactSize().height() - 73) < 0.1);
 
         // Larger than the buffer: drawn at its own size and cut off, not shrunk.
         const auto large = EmfPicture::fromBytes(writeEmf(100, 100, [](EmfWriter& e) {
