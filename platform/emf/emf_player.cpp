@@ -97,26 +97,17 @@ void Player::play(std::uint32_t type, const char* rec, std::uint32_t size)
     }
 }
 
-// A shape in device pixels: inside a path bracket it joins the path,
-// otherwise it is drawn with the selected brush and pen.
-void Player::shape(const QPainterPath& devicePath, bool fill, bool stroke)
+// A figure in device pixels: inside a path bracket it joins the path (an
+// open one stays open for what follows), otherwise a closed figure is
+// filled and outlined, an open one (polyline, Bézier, arc) outlined.
+void Player::figure(const QPainterPath& devicePath, bool open)
 {
     if (inPath_) {
         path_.addPath(devicePath);
-        figureOpen_ = false;
+        figureOpen_ = open;
         return;
     }
-    addOp(devicePath, fill, stroke);
-}
-
-void Player::openShape(const QPainterPath& devicePath)
-{
-    if (inPath_) {
-        path_.addPath(devicePath);
-        figureOpen_ = true;
-        return;
-    }
-    addOp(devicePath, false, true);
+    addOp(devicePath, !open, true);
 }
 
 void Player::addOp(QPainterPath path, bool fill, bool stroke)

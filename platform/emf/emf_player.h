@@ -32,11 +32,8 @@ private:
     void play(std::uint32_t type, const char* rec, std::uint32_t size);
     QTransform toDevice() const { return logicalToDevice(dc_, device_); }
 
-    // Shapes, in device pixels: into the path being recorded, or drawn.
-    void shape(const QPainterPath& devicePath, bool fill, bool stroke);
-    // An open figure (polyline, Bézier, arc): joins the path and stays open
-    // for what follows, or is stroked.
-    void openShape(const QPainterPath& devicePath);
+    // Figures, in device pixels: into the path being recorded, or drawn.
+    void figure(const QPainterPath& devicePath, bool open);
     void addOp(QPainterPath path, bool fill, bool stroke);
     QPainterPath& figureFromPosition(QPainterPath& scratch);
     void finishOpenFigure(const QPainterPath& scratch);

@@ -12,7 +12,7 @@ namespace emf {
 // type is the 32-bit record's type for both point sizes.
 void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
 {
-    std::vector<QPointF> pts = readPoly(rec, sixteenBit).points;
+    std::vector<QPointF> pts = readPoly(rec, sixteenBit);
     const QTransform t = toDevice();
     for (QPointF& p : pts)
         p = t.map(p);
@@ -38,9 +38,9 @@ void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
         finishOpenFigure(scratch);
     } else if (type == U_EMR_POLYGON) {
         p.closeSubpath();
-        shape(p, true, true);
+        figure(p, false);
     } else {
-        openShape(p);
+        figure(p, true);
     }
 }
 
@@ -63,7 +63,7 @@ void Player::polyPolyRecord(std::uint32_t type, const char* rec, bool sixteenBit
         next += n;  // the counts add up to the points: checked on load
     }
     if (closed)
-        shape(path, true, true);
+        figure(path, false);
     else if (inPath_)
         path_.addPath(path);
     else
@@ -119,7 +119,7 @@ void Player::boxRecord(std::uint32_t type, const char* rec)
                 device.adjust(0, 0, -1, -1);
             QPainterPath path;
             path.addRect(device);
-            shape(path, true, true);
+            figure(path, false);
             return;
         }
         logical.addRect(box);
@@ -137,7 +137,7 @@ void Player::boxRecord(std::uint32_t type, const char* rec)
     default:
         return;
     }
-    shape(t.map(logical), true, true);
+    figure(t.map(logical), false);
 }
 
 void Player::arcRecord(std::uint32_t type, const char* rec)
@@ -151,14 +151,14 @@ void Player::arcRecord(std::uint32_t type, const char* rec)
     switch (type) {
     case U_EMR_ARC: {
         const QPainterPath arc = t.map(arcFigure(box, start, end, ArcKind::Open, cw));
-        openShape(arc);
+        figure(arc, true);
         return;
     }
     case U_EMR_CHORD:
-        shape(t.map(arcFigure(box, start, end, ArcKind::Chord, cw)), true, true);
+        figure(t.map(arcFigure(box, start, end, ArcKind::Chord, cw)), false);
         return;
     case U_EMR_PIE:
-        shape(t.map(arcFigure(box, start, end, ArcKind::Pie, cw)), true, true);
+        figure(t.map(arcFigure(box, start, end, ArcKind::Pie, cw)), false);
         return;
     case U_EMR_ARCTO: {
         QPainterPath scratch;

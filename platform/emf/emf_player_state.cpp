@@ -211,8 +211,7 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
     }
     case U_EMR_CREATEPALETTE:
     case U_EMR_CREATECOLORSPACE: case U_EMR_CREATECOLORSPACEW:
-        if (size >= 12)
-            objects_.create(argumentOf(rec), OtherObject{});
+        objects_.create(argumentOf(rec), OtherObject{});
         return;
     case U_EMR_SELECTOBJECT:
         objects_.select(argumentOf(rec), dc_);

@@ -41,8 +41,6 @@ void Player::textStateRecord(std::uint32_t type, const char* rec, std::uint32_t 
             objects_.create(font->first, font->second);
         return;
     }
-    if (size < 12)
-        return;
     switch (type) {
     case U_EMR_SETTEXTALIGN: dc_.textAlign = argumentOf(rec); return;
     case U_EMR_SETTEXTCOLOR: dc_.textColor = colourOf(argumentOf(rec)); return;

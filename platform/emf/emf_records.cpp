@@ -62,7 +62,9 @@ std::uint64_t fixedSize(std::uint32_t type)
         return sizeof(U_EMRLINETO);
     case U_EMR_SETMAPMODE: case U_EMR_SETPOLYFILLMODE: case U_EMR_RESTOREDC:
     case U_EMR_SELECTOBJECT: case U_EMR_DELETEOBJECT: case U_EMR_SETARCDIRECTION:
-    case U_EMR_SETMITERLIMIT: case U_EMR_SELECTCLIPPATH:
+    case U_EMR_SETMITERLIMIT: case U_EMR_SELECTCLIPPATH: case U_EMR_SETROP2:
+    case U_EMR_SETTEXTALIGN: case U_EMR_SETTEXTCOLOR: case U_EMR_SETBKCOLOR: case U_EMR_SETBKMODE:
+    case U_EMR_CREATEPALETTE: case U_EMR_CREATECOLORSPACE: case U_EMR_CREATECOLORSPACEW:
         return sizeof(U_EMRSETMAPMODE);
     case U_EMR_EOF:
         return sizeof(U_EMREOF) + 4;
@@ -173,9 +175,9 @@ bool recordFits(std::uint32_t type, const char* rec, std::uint64_t size)
     return size >= fixedSize(type) && countsFit(type, rec, size);
 }
 
-PolyRecord readPoly(const char* rec, bool sixteenBit)
+std::vector<QPointF> readPoly(const char* rec, bool sixteenBit)
 {
-    return {pointsAt(rec, kPolyPoints, u32(rec, kPolyCount), sixteenBit)};
+    return pointsAt(rec, kPolyPoints, u32(rec, kPolyCount), sixteenBit);
 }
 
 PolyPolyRecord readPolyPoly(const char* rec, bool sixteenBit)

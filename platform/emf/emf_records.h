@@ -57,11 +57,8 @@ inline QRectF boxOf(const U_RECTL& r)
     return QRectF(QPointF(r.left, r.top), QPointF(r.right, r.bottom)).normalized();
 }
 
-// Polygons, polylines and Béziers, 32-bit or 16-bit points.
-struct PolyRecord {
-    std::vector<QPointF> points;  // logical units
-};
-PolyRecord readPoly(const char* rec, bool sixteenBit);
+// The points of polygons, polylines and Béziers, 32-bit or 16-bit.
+std::vector<QPointF> readPoly(const char* rec, bool sixteenBit);
 
 struct PolyPolyRecord {
     std::vector<std::uint32_t> counts;  // adding up to the points: checked
