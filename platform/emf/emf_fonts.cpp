@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_fonts.h"
 
+#include "platform/emf/emf_limits.h"
 #include "platform/emf/emf_records.h"
 
 #include <QFontDatabase>
@@ -19,7 +20,6 @@ namespace {
 constexpr std::size_t kLogFontAt = offsetof(U_EMREXTCREATEFONTINDIRECTW, elfw);
 constexpr std::size_t kLogFontEnd = kLogFontAt + sizeof(U_LOGFONT);
 
-constexpr double kMaxFontHeight = 1e7;
 
 struct Substitute {
     const char* face;

@@ -31,6 +31,19 @@ constexpr std::size_t kMaxGlyphs = 200000;
 // not hold more: 256 MiB of pixels.
 constexpr std::int64_t kMaxBitmapPixels = 64ll * 1024 * 1024;
 constexpr std::int64_t kMaxPicturePixels = kMaxBitmapPixels;
+// Larger files are not pictures of ours; refusing them bounds memory use.
+constexpr std::int64_t kMaxFileBytes = 32 * 1024 * 1024;
+// A frame wider or higher than ten metres (in 0.01 mm) is damage.
+constexpr std::int64_t kMaxFrame = 1'000'000;
+// A picture's name is a label, not a text: longer ones are cut.
+constexpr std::uint32_t kMaxTitle = 256;
+// Fonts beyond this many logical units are damage; drawn, they would only
+// overflow the glyph arithmetic.
+constexpr double kMaxFontHeight = 1e7;
+// Triangles are shaded into a bitmap of at most this many pixels a side.
+constexpr double kMaxShadingSide = 1024;
+// An EMF+ object sent in several records may not add up to more.
+constexpr std::uint32_t kMaxPlusObjectBytes = 64u * 1024 * 1024;
 // Points in one EMF+ record or path; longer counts are damage.
 constexpr std::uint32_t kMaxPlusPoints = 1u << 20;
 // A stored number beyond this is damage rather than a coordinate or a factor.
@@ -38,6 +51,12 @@ constexpr double kMaxMagnitude = 1e9;
 // A transform scaling lengths by less than this flattens everything drawn
 // through it to nothing, and could not be undone.
 constexpr double kMinScale = 1e-6;
+
+// A scale factor a file may set (of a page, of a bitmap's source).
+inline bool saneFactor(double f)
+{
+    return std::isfinite(f) && f > kMinScale && f < 1 / kMinScale;
+}
 
 // How much a transform scales lengths: the square root of its area factor,
 // the width a pen keeps when its figure is mapped.

@@ -16,8 +16,6 @@
 
 namespace {
 
-// Larger files are not pictures of ours; refusing them bounds memory use.
-constexpr qint64 kMaxFileBytes = 32 * 1024 * 1024;
 // Zeroed bytes after the data, so that a check peeking a field past the last
 // record reads zeros instead of foreign memory.
 constexpr std::size_t kSlackBytes = 256;
@@ -92,19 +90,19 @@ EmfPicture::~EmfPicture() = default;
 std::optional<EmfPicture> EmfPicture::load(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxFileBytes)
+    if (!file.open(QIODevice::ReadOnly) || file.size() > emf::kMaxFileBytes)
         return std::nullopt;
     // Read what the file holds (a file that grows meanwhile is cut at the
     // limit); asking for the limit itself would allocate it all up front.
-    const QByteArray bytes = file.read(std::min<qint64>(file.size(), kMaxFileBytes) + 1);
-    if (bytes.size() > kMaxFileBytes)
+    const QByteArray bytes = file.read(std::min<qint64>(file.size(), emf::kMaxFileBytes) + 1);
+    if (bytes.size() > emf::kMaxFileBytes)
         return std::nullopt;
     return fromBytes(bytes);
 }
 
 std::optional<EmfPicture> EmfPicture::fromBytes(const QByteArray& bytes)
 {
-    if (bytes.size() > kMaxFileBytes)
+    if (bytes.size() > emf::kMaxFileBytes)
         return std::nullopt;
     // Word-aligned, zero-padded copy: records are read where they lie.
     const std::size_t size = std::size_t(bytes.size());

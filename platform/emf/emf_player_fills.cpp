@@ -16,8 +16,6 @@ namespace emf {
 
 namespace {
 
-// Triangles are shaded into a bitmap of at most this many pixels a side.
-constexpr double kMaxShadingSide = 1024;
 
 QColor colourOf(const GradientVertex& v)
 {

@@ -104,7 +104,7 @@ void PlusPlayer::objectRecord(std::uint16_t flags, const char* data, std::size_t
             return;
         std::uint32_t total;
         std::memcpy(&total, data, 4);
-        if (pending_.size() + size - 4 > total || total > 64u * 1024 * 1024)
+        if (pending_.size() + size - 4 > total || total > kMaxPlusObjectBytes)
             return;
         pending_.insert(pending_.end(), data + 4, data + size);
         if (pending_.size() < total)
@@ -142,7 +142,7 @@ void PlusPlayer::transformRecord(std::uint16_t type, std::uint16_t flags, Reader
 {
     if (type == kSetPageTransform) {
         const double scale = sane(r.f32());
-        if (r.ok() && scale > 1e-6 && scale < 1e6) {
+        if (r.ok() && saneFactor(scale)) {
             state_.pageUnit = flags & 0xff;
             state_.pageScale = scale;
         }

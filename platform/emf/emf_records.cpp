@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_records.h"
 
+#include "platform/emf/emf_limits.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -277,7 +279,7 @@ BltRecord readBlt(std::uint32_t type, const char* rec)
         b.srcSize = b.destSize;
         const double sx = std::abs(double(r.xformSrc.eM11));
         const double sy = std::abs(double(r.xformSrc.eM22));
-        if (std::isfinite(sx) && std::isfinite(sy) && sx > 1e-6 && sy > 1e-6 && sx < 1e6 && sy < 1e6)
+        if (saneFactor(sx) && saneFactor(sy))
             b.srcSize = QPointF(b.srcSize.x() * sx, b.srcSize.y() * sy);
         if (type == U_EMR_MASKBLT) {
             const auto m = recordAs<U_EMRMASKBLT>(rec);
