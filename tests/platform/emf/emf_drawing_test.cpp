@@ -266,6 +266,11 @@ const std::vector<ShapeCase>& shapeCases()
              e.rectangle({10, 10, 20, 20});
          },
          {10, 10, 10, 10}, 100},
+        {"wide pen with flat ends", [](EmfWriter& e) { widePen(e, 4); e.polyline({P(10, 30), P(60, 30)}); },
+         {10, 28, 50, 4}, 200},
+        {"null pen and brush",
+         [](EmfWriter& e) { e.select(U_NULL_PEN); e.select(U_NULL_BRUSH); e.rectangle({10, 10, 60, 60}); e.ellipse({10, 10, 60, 60}); },
+         {0, 0, 0, 0}, 0},
         {"deleted brush leaves the selection",
          [](EmfWriter& e) {
              e.select(U_NULL_PEN);
@@ -462,23 +467,6 @@ private slots:
         QVERIFY(oneDevicePixel(zeroWidth, 10));
         QVERIFY(scaled > 1 && scaled < 0.5 * zeroWidth);
 
-        // A wide geometric pen with flat ends covers its width times length.
-        const auto wide = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter& e) {
-            e.select(e.geometricPen(U_PS_SOLID | U_PS_ENDCAP_FLAT, 4, rgb(0, 0, 0)));
-            e.polyline({P(10, 30), P(60, 30)});
-        }));
-        QVERIFY(wide);
-        QVERIFY(std::abs(inkOf(renderNatural(*wide, 73, 73)).area - 200) < 5);
-
-        // The null pen and the null brush draw nothing at all.
-        const auto nothing = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter& e) {
-            e.select(U_NULL_PEN);
-            e.select(U_NULL_BRUSH);
-            e.rectangle({10, 10, 60, 60});
-            e.ellipse({10, 10, 60, 60});
-        }));
-        QVERIFY(nothing);
-        QCOMPARE(inkOf(renderNatural(*nothing, 73, 73)).area, 0.0);
 
         // The default pen outlines in black around the default white fill.
         const auto outlined = EmfPicture::fromBytes(
