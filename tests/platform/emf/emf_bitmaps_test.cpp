@@ -205,15 +205,16 @@ private slots:
                 << std::vector<Expect>{{{2, 2}, K}, {{6, 2}, W}, {{2, 6}, W}, {{14, 14}, K}};
         const std::string twoBoxes = le(32) + le(1) + le(2) + le(32) + le(0) + le(0) + le(40) + le(40) +
                                      le(0) + le(0) + le(20) + le(20) + le(20) + le(20) + le(40) + le(40);
-        auto region = [twoBoxes](std::uint32_t type, std::size_t fixed) {
+        auto region = [twoBoxes](std::uint32_t type, std::size_t fixed, bool named = true) {
             return Draw([=](EmfWriter& e) {
                 e.select(U_BLACK_BRUSH);
-                const std::uint32_t red = e.brush(U_BS_SOLID, rgb(255, 0, 0));
+                const std::uint32_t red = named ? e.brush(U_BS_SOLID, rgb(255, 0, 0)) : 9;
                 e.add(rawRecord(type, fixed, {{24, std::uint32_t(twoBoxes.size())}, {28, red}, {32, 4}, {36, 4}},
                              twoBoxes));
             });
         };
         QTest::newRow("fill region") << region(U_EMR_FILLRGN, 32) << quadrants(R, W, W, R);
+        QTest::newRow("region filled by no brush") << region(U_EMR_FILLRGN, 32, false) << quadrants(W, W, W, W);
         QTest::newRow("paint region") << region(U_EMR_PAINTRGN, 28) << quadrants(K, W, W, K);
         QTest::newRow("frame region") << region(U_EMR_FRAMERGN, 40)
                                       << std::vector<Expect>{{{1, 10}, R}, {{10, 10}, W}, {{30, 10}, W}};
@@ -374,6 +375,10 @@ private slots:
         QTest::newRow("16-bit rectangle") << picture(plus(0x400a, 0xc000, le(R) + le(1) + le(0, 2) + le(0, 2) + le(20, 2) + le(40, 2)))
                                           << quadrants(R, W, R, W);
         // A pen with every optional field but dashes, none of them changing a solid line.
+        QTest::newRow("pen with a round start")
+            << picture(plus(0x4008, 0x201, le(0xdbc01002) + le(0) + le(2) + le(0) + f({4}) + le(2) + le(0xdbc01002) + le(0) + le(K)) +
+                       plus(0x400d, 1, le(2) + f({4, 20, 36, 20})))
+            << std::vector<Expect>{{{3, 20}, K}, {{20, 20}, K}, {{20, 24}, W}};
         QTest::newRow("pen's optional fields")
             << picture(plus(0x4008, 0x201, le(0xdbc01002) + le(0) + le(0x1eff) + le(0) + f({4, 1, 0, 0, 1, 0, 0}) +
                                                le(0) + le(0) + le(0) + f({10}) + le(0) + le(0) + f({0}) + le(0) + le(1) +

@@ -86,6 +86,14 @@ const std::vector<ShapeCase>& shapeCases()
         {"round rectangle",
          [](EmfWriter& e) { blackFill(e); e.roundRect({10, 10, 60, 60}, {20, 20}); },
          {10, 10, 50, 50}, 2500 - (4 - M_PI) * 100},
+        {"16-bit poly-polygon",
+         [](EmfWriter& e) {
+             blackFill(e);
+             const std::uint32_t counts[] = {3, 3};
+             const U_POINT16 pts[] = {{10, 10}, {30, 10}, {10, 30}, {40, 40}, {60, 40}, {40, 60}};
+             e.add(U_EMRPOLYPOLYGON16_set({10, 10, 60, 60}, 2, counts, 6, pts));
+         },
+         {10, 10, 50, 50}, 400},
         {"poly-polygon",
          [](EmfWriter& e) {
              blackFill(e);
@@ -262,7 +270,9 @@ const std::vector<ShapeCase>& shapeCases()
              e.add(U_EMRSAVEDC_set());
              e.select(U_NULL_BRUSH);
              worldTransform(e, 3, 3, 0, 0);
+             e.add(U_EMRSAVEDC_set());
              e.add(U_EMRRESTOREDC_set(-1));
+             e.add(U_EMRRESTOREDC_set(-1));  // the level saved first
              e.rectangle({10, 10, 20, 20});
          },
          {10, 10, 10, 10}, 100},
