@@ -55,6 +55,10 @@ void paintHairline(QPainter& painter, const QPainterPath& path, QPen pen)
         snapped.setElementPositionAt(i, std::round(e.x) + 0.5, std::round(e.y) + 0.5);
     }
     pen.setWidthF(1);
+    // Its dashes cover whole pixels: square ends, without which each dash
+    // would start and end halfway across a pixel.
+    if (pen.style() == Qt::CustomDashLine)
+        pen.setCapStyle(Qt::SquareCap);
     painter.save();
     painter.setWorldTransform(fromDevice);
     painter.setBrush(Qt::NoBrush);
@@ -173,11 +177,21 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
         painter.setBrush(op.filled ? op.brush : QBrush(Qt::NoBrush));
         if (op.stroked) {
             QPen pen(op.stroke.color);
-            pen.setWidthF(std::max(op.stroke.width, op.stroke.width > 0 ? thinnestWide : thinnest));
+            const double width = std::max(op.stroke.width, op.stroke.width > 0 ? thinnestWide : thinnest);
+            pen.setWidthF(width);
             pen.setStyle(op.stroke.style);
             pen.setCapStyle(op.stroke.cap);
             pen.setJoinStyle(op.stroke.join);
             pen.setMiterLimit(op.stroke.miterLimit);
+            // A pen that comes out one device pixel wide (or less) takes its
+            // one-pixel dashes, counted in device pixels.
+            const double pixels = op.stroke.width == 0 ? 1 : width * devicePerUnit;
+            QList<qreal> dashes = pixels < 1.5 ? op.stroke.onePixelDashes : op.stroke.wideDashes;
+            if (pixels < 1 && pixels > 0)
+                for (qreal& d : dashes)
+                    d /= pixels;
+            if (!dashes.isEmpty())
+                pen.setDashPattern(dashes);
             painter.setPen(pen);
         } else {
             painter.setPen(Qt::NoPen);

@@ -174,7 +174,8 @@ void Player::addOp(QPainterPath path, bool fill, bool stroke)
         op.stroke.color = dc_.pen.color;
         op.stroke.width =
             dc_.pen.cosmetic ? 0 : std::min(dc_.pen.width * linearScale(toDevice()), kMaxPenWidth);
-        op.stroke.style = dc_.pen.style;
+        op.stroke.onePixelDashes = dc_.pen.onePixelDashes;
+        op.stroke.wideDashes = dc_.pen.wideDashes;
         op.stroke.cap = dc_.pen.cap;
         op.stroke.join = dc_.pen.join;
         op.stroke.miterLimit = dc_.miterLimit;

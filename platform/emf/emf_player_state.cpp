@@ -216,7 +216,9 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
     case U_EMR_EXTCREATEPEN: {
         U_EXTLOGPEN lp{};
         std::memcpy(&lp, rec + offsetof(U_EMREXTCREATEPEN, elp), U_SIZE_EXTLOGPEN);
-        objects_.create(readU32(rec, 8), penFromExtLogPen(lp));
+        objects_.create(readU32(rec, 8),
+                        penFromExtLogPen(lp, rec + offsetof(U_EMREXTCREATEPEN, elp) +
+                                                 offsetof(U_EXTLOGPEN, elpStyleEntry)));
         return;
     }
     case U_EMR_CREATEBRUSHINDIRECT: {
