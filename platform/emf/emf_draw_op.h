@@ -24,6 +24,10 @@ struct Stroke {
     // Width in reference-device pixels; 0 is the one-pixel cosmetic pen.
     double width = 0;
     Qt::PenStyle style = Qt::SolidLine;
+    // Dash lengths in pen widths when drawn one device pixel wide and when
+    // wider; they take the place of `style` when set.
+    QList<qreal> onePixelDashes;
+    QList<qreal> wideDashes;
     Qt::PenCapStyle cap = Qt::RoundCap;
     Qt::PenJoinStyle join = Qt::RoundJoin;
     double miterLimit = 10;

@@ -31,16 +31,27 @@ void paintImage(QPainter& painter, const emf::ImageOp& op, QPainter::Composition
     painter.restore();
 }
 
-// The pen of a stroke; no pen comes out thinner than `thinnest` device
-// pixels, or than `thinnestWide` when it has a width of its own.
-QPen qtPen(const emf::Stroke& stroke, double thinnest, double thinnestWide)
+// The pen of a stroke; no pen comes out thinner than `thinnest` units, or
+// than `thinnestWide` when it has a width of its own. `devicePerUnit`:
+// device pixels per unit.
+QPen qtPen(const emf::Stroke& stroke, double thinnest, double thinnestWide, double devicePerUnit)
 {
     QPen pen(stroke.color);
-    pen.setWidthF(std::max(stroke.width, stroke.width > 0 ? thinnestWide : thinnest));
+    const double width = std::max(stroke.width, stroke.width > 0 ? thinnestWide : thinnest);
+    pen.setWidthF(width);
     pen.setStyle(stroke.style);
     pen.setCapStyle(stroke.cap);
     pen.setJoinStyle(stroke.join);
     pen.setMiterLimit(stroke.miterLimit);
+    // A pen that comes out one device pixel wide (or less) takes its
+    // one-pixel dashes, counted in device pixels.
+    const double pixels = stroke.width == 0 ? 1 : width * devicePerUnit;
+    QList<qreal> dashes = pixels < 1.5 ? stroke.onePixelDashes : stroke.wideDashes;
+    if (pixels < 1 && pixels > 0)
+        for (qreal& d : dashes)
+            d /= pixels;
+    if (!dashes.isEmpty())
+        pen.setDashPattern(dashes);
     return pen;
 }
 
@@ -65,6 +76,10 @@ void paintHairline(QPainter& painter, const QPainterPath& path, QPen pen)
         snapped.setElementPositionAt(i, std::round(e.x) + 0.5, std::round(e.y) + 0.5);
     }
     pen.setWidthF(1);
+    // Its dashes cover whole pixels: square ends, without which each dash
+    // would start and end halfway across a pixel.
+    if (pen.style() == Qt::CustomDashLine)
+        pen.setCapStyle(Qt::SquareCap);
     painter.save();
     painter.setWorldTransform(fromDevice);
     painter.setBrush(Qt::NoBrush);
@@ -178,7 +193,7 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
             // shapes sharing an edge would both mix it.
             painter.setRenderHint(QPainter::Antialiasing, op.composition < QPainter::RasterOp_SourceOrDestination);
             painter.setBrush(shape.fill ? *shape.fill : QBrush(Qt::NoBrush));
-            painter.setPen(shape.stroke ? qtPen(*shape.stroke, thinnest, thinnestWide) : QPen(Qt::NoPen));
+            painter.setPen(shape.stroke ? qtPen(*shape.stroke, thinnest, thinnestWide, devicePerUnit) : QPen(Qt::NoPen));
             if (shape.stroke && shape.stroke->width == 0) {
                 const QPen pen = painter.pen();
                 painter.setPen(Qt::NoPen);

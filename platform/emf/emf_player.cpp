@@ -125,7 +125,8 @@ void Player::addOp(QPainterPath path, bool fill, bool stroke)
         Stroke& s = shape.stroke.emplace();
         s.color = dc_.pen.color;
         s.width = dc_.pen.cosmetic ? 0 : std::min(dc_.pen.width * linearScale(toDevice()), kMaxPenWidth);
-        s.style = dc_.pen.style;
+        s.onePixelDashes = dc_.pen.onePixelDashes;
+        s.wideDashes = dc_.pen.wideDashes;
         s.cap = dc_.pen.cap;
         s.join = dc_.pen.join;
         s.miterLimit = dc_.miterLimit;

@@ -105,23 +105,17 @@ void Player::polyDrawRecord(const char* rec, bool sixteenBit)
 
 void Player::boxRecord(std::uint32_t type, const char* rec)
 {
-    const QRectF box = boxOf(recordAs<U_EMRRECTANGLE>(rec).rclBox);
+    QRectF box = boxOf(recordAs<U_EMRRECTANGLE>(rec).rclBox);
+    // An inside-frame pen shrinks the figure so that its outline stays
+    // within the box.
+    const double half = dc_.pen.width / 2;
+    if (dc_.pen.insideFrame && dc_.pen.visible && !inPath_ && std::abs(box.width()) > 2 * half &&
+        std::abs(box.height()) > 2 * half)
+        box = box.normalized().adjusted(half, half, -half, -half);
     QPainterPath logical;
     const QTransform t = toDevice();
     switch (type) {
     case U_EMR_RECTANGLE:
-        // An outlined rectangle leaves out its right and bottom edges: its
-        // outline runs along the last pixels inside, so a border drawn on
-        // the picture's frame stays within it.
-        if (!inPath_ && dc_.pen.visible && t.m12() == 0 && t.m21() == 0) {
-            QRectF device = t.mapRect(box).normalized();
-            if (device.width() > 1 && device.height() > 1)
-                device.adjust(0, 0, -1, -1);
-            QPainterPath path;
-            path.addRect(device);
-            figure(path, false);
-            return;
-        }
         logical.addRect(box);
         break;
     case U_EMR_ELLIPSE:

@@ -195,7 +195,9 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
     case U_EMR_EXTCREATEPEN: {
         U_EXTLOGPEN lp{};
         std::memcpy(&lp, rec + offsetof(U_EMREXTCREATEPEN, elp), U_SIZE_EXTLOGPEN);
-        objects_.create(recordAs<U_EMREXTCREATEPEN>(rec).ihPen, penFromExtLogPen(lp));
+        objects_.create(recordAs<U_EMREXTCREATEPEN>(rec).ihPen,
+                        penFromExtLogPen(lp, rec + offsetof(U_EMREXTCREATEPEN, elp) +
+                                                 offsetof(U_EXTLOGPEN, elpStyleEntry)));
         return;
     }
     case U_EMR_CREATEBRUSHINDIRECT: {

@@ -3,6 +3,8 @@
 //   reelmoor-pictures <folder>
 // or draws what is there onto one sheet with the game's decoder:
 //   reelmoor-pictures --preview <folder> <sheet.png>
+// or writes the small pictures that pin down how pens stroke:
+//   reelmoor-pictures --pen-samples <folder>
 #include "tools/pictures/artwork.h"
 #include "tools/pictures/preview.h"
 
@@ -20,8 +22,11 @@ int main(int argc, char** argv)
 
     if (args.size() == 4 && args[1] == "--preview")
         return pictures::writePreview(args[2], args[3]) ? 0 : 1;
+    if (args.size() == 3 && args[1] == "--pen-samples")
+        return pictures::makePenSamples(args[2]) ? 0 : 1;
     if (args.size() != 2) {
-        std::fprintf(stderr, "usage: reelmoor-pictures <folder> | --preview <folder> <sheet.png>\n");
+        std::fprintf(stderr, "usage: reelmoor-pictures <folder> | --preview <folder> <sheet.png>"
+                             " | --pen-samples <folder>\n");
         return 2;
     }
     const QString folder = args[1];

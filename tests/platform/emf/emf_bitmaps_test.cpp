@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Bitmaps in every layout a metafile may carry them, raster operations,
-// bitmap brushes, single pixels, regions, gradients and EMF+ records, each
-// drawn into a 40 x 40 picture and checked at a few points.
+// bitmap brushes, single pixels, regions, gradients, pens and EMF+ records,
+// each drawn into a 40 x 40 picture and checked at a few points.
 #include "platform/emf/emf_picture.h"
 #include "tools/pictures/emf_raw_record.h"
 #include "tools/pictures/emf_writer.h"
@@ -279,10 +279,6 @@ private slots:
                 e.add(U_EMRSETBKCOLOR_set(rgb(0, 0, 255)));
                 box(e, e.brush(U_BS_HATCHED, rgb(255, 0, 0), U_HS_HORIZONTAL), U_R2_COPYPEN);
             }) << std::vector<Expect>{{{20, 1}, mode == U_OPAQUE ? B : W}, {{20, 3}, R}};
-        QTest::newRow("outline inside its rectangle") << Draw([](EmfWriter& e) {
-            e.select(U_NULL_BRUSH);
-            e.rectangle({0, 0, 40, 40});
-        }) << std::vector<Expect>{{{0, 20}, K}, {{39, 20}, K}, {{20, 39}, K}, {{38, 20}, W}};
     }
     void fills()
     {
@@ -290,6 +286,76 @@ private slots:
         QFETCH(std::vector<Expect>, expected);
         checkPoints(render(draw), expected);
     }
+
+    // Pens as Windows draws them: dashes counted in pixels for one-pixel
+    // pens (a user's in steps of three) and in widths or logical units for
+    // wide ones, with round ends drawn within each dash; pens Windows would
+    // not create; inside-frame pens; outlines on a rectangle's edges; mixes.
+    void strokes_data()
+    {
+        QTest::addColumn<Draw>("draw");
+        QTest::addColumn<std::vector<Expect>>("expected");
+        using Pen = std::function<std::uint32_t(EmfWriter&)>;
+        auto line = [](const char* name, Pen pen, std::vector<std::pair<int, QRgb>> along) {
+            std::vector<Expect> expected;
+            for (const auto& [x, colour] : along)
+                expected.push_back({{x, 10}, colour});
+            QTest::newRow(name) << Draw([=](EmfWriter& e) {
+                e.select(pen(e));
+                e.polyline({point32_set(2, 10), point32_set(38, 10)});
+            }) << expected;
+        };
+        auto ext = [](std::uint32_t style, std::uint32_t width, std::vector<std::uint32_t> dashes = {}) {
+            return Pen([=](EmfWriter& e) { return e.extPen(style, width, rgb(0, 0, 0), dashes); });
+        };
+        const std::uint32_t geometric = U_PS_GEOMETRIC | U_PS_ENDCAP_FLAT;
+        line("dash", [](EmfWriter& e) { return e.pen(U_PS_DASH, 0, rgb(0, 0, 0)); },
+             {{2, K}, {19, K}, {20, W}, {25, W}, {26, K}});
+        line("dash dot dot", ext(U_PS_DASHDOTDOT, 1), {{10, K}, {11, W}, {15, K}, {18, W}, {21, K}, {24, W}, {26, K}});
+        line("alternate", ext(U_PS_ALTERNATE, 1), {{2, K}, {3, W}, {4, K}, {5, W}});
+        line("user steps", ext(U_PS_USERSTYLE, 1, {2, 1}), {{7, K}, {8, W}, {10, W}, {11, K}});
+        line("wide dash", ext(geometric | U_PS_DASH, 2), {{7, K}, {8, W}, {9, W}, {10, K}});
+        line("round ends within", ext(U_PS_GEOMETRIC | U_PS_DASH, 4), {{6, K}, {13, W}, {15, W}, {20, K}});
+        line("round dots", ext(U_PS_GEOMETRIC | U_PS_DOT, 4), {{6, W}, {10, K}, {14, W}, {18, K}});
+        line("wide user dashes", ext(geometric | U_PS_USERSTYLE, 2, {4, 2}), {{5, K}, {6, W}, {7, W}, {8, K}});
+        line("odd user count", ext(geometric | U_PS_USERSTYLE, 2, {3}), {{4, K}, {5, W}, {7, W}, {8, K}, {11, W}});
+        line("old wide dash is solid", [](EmfWriter& e) { return e.pen(U_PS_DASH, 2, rgb(0, 0, 0)); },
+             {{8, K}, {9, K}, {20, K}, {22, K}});
+        line("refused pen", [](EmfWriter& e) {
+            e.select(e.pen(U_PS_SOLID, 0, rgb(255, 0, 0)));
+            return e.extPen(U_PS_GEOMETRIC | U_PS_ALTERNATE, 4, rgb(0, 0, 0));
+        }, {{20, R}, {30, R}});
+        QTest::newRow("inside frame") << Draw([](EmfWriter& e) {
+            e.select(U_NULL_BRUSH);
+            e.select(e.pen(U_PS_INSIDEFRAME, 6, rgb(0, 0, 0)));
+            e.ellipse({4, 4, 36, 36});
+        }) << std::vector<Expect>{{{2, 20}, W}, {{5, 20}, K}, {{20, 34}, K}, {{20, 37}, W}};
+        QTest::newRow("outline on the edges") << Draw([](EmfWriter& e) {
+            e.select(U_NULL_BRUSH);
+            e.rectangle({10, 10, 30, 30});
+        }) << std::vector<Expect>{{{10, 20}, K}, {{29, 20}, W}, {{30, 20}, K}, {{31, 20}, W}, {{20, 30}, K}};
+        QTest::newRow("fill short of the edges") << Draw([](EmfWriter& e) {
+            e.select(U_NULL_PEN);
+            e.select(U_BLACK_BRUSH);
+            e.rectangle({10, 10, 30, 30});
+        }) << std::vector<Expect>{{{29, 20}, K}, {{30, 20}, W}, {{20, 29}, K}, {{20, 30}, W}};
+        // Each mix's truth table: bit (2 x pen + drawing) of (mix - 1).
+        const QRgb under = 0xff3366cc, pen = 0xffffa040;
+        for (std::uint32_t mix = U_R2_BLACK; mix <= U_R2_WHITE; ++mix) {
+            QRgb mixed = 0xff000000;
+            for (int bit = 0; bit < 24; ++bit)
+                mixed |= QRgb((mix - 1) >> (2 * (pen >> bit & 1) + (under >> bit & 1)) & 1) << bit;
+            QTest::addRow("mix %u", mix) << Draw([=](EmfWriter& e) {
+                e.select(U_NULL_PEN);
+                e.select(e.brush(U_BS_SOLID, rgb(qRed(under), qGreen(under), qBlue(under))));
+                e.rectangle({0, 0, 41, 41});
+                e.add(U_EMRSETROP2_set(mix));
+                e.select(e.brush(U_BS_SOLID, rgb(qRed(pen), qGreen(pen), qBlue(pen))));
+                e.rectangle({10, 10, 30, 30});
+            }) << std::vector<Expect>{{{5, 5}, under}, {{20, 20}, mixed}};
+        }
+    }
+    void strokes() { fills(); }
 
     // EMF+ records in comments draw when the plain records draw nothing.
     void plusRecords_data()
