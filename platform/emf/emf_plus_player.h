@@ -79,7 +79,7 @@ private:
     std::map<std::uint32_t, State> saved_;
     std::array<std::optional<Object>, 64> objects_;
     std::vector<char> pending_;  // an object arriving in several records
-    std::size_t charactersLeft_ = 16 * kMaxTextChars;  // laying out text is slow
+    std::size_t charactersLeft_ = kMaxGlyphs;  // the same allowance as the plain records' text
 };
 
 }  // namespace emf::plus
