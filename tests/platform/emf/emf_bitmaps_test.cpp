@@ -135,6 +135,7 @@ private slots:
         row("32 bit", 32, U_BI_RGB, none, le(0xff) + le(0xffffff) + le(0xff0000) + le(0xff00));
         row("8 bit run-length", 8, U_BI_RLE8, kFour, "\x01\x02\x01\x03\0\0\x01\0\x01\x01\0\x01"s);
         row("4 bit run-length", 4, U_BI_RLE4, kFour, "\x02\x23\0\0\x02\x01\0\x01"s);
+        row("run-length data that stops", 8, U_BI_RLE8, kFour, "\x01\x02"s, quadrants(W, W, B, W));
         row("run-length move up", 8, U_BI_RLE8, kFour, "\x01\x02\0\x02\0\x01\x01\x01\0\x01"s, quadrants(W, G, B, W));
         row("embedded PNG", 0, U_BI_PNG, none, png().toStdString());
         const std::vector<Expect> blank = quadrants(W, W, W, W);
