@@ -76,10 +76,6 @@ void paintHairline(QPainter& painter, const QPainterPath& path, QPen pen)
         snapped.setElementPositionAt(i, std::round(e.x) + 0.5, std::round(e.y) + 0.5);
     }
     pen.setWidthF(1);
-    // Its dashes cover whole pixels: square ends, without which each dash
-    // would start and end halfway across a pixel.
-    if (pen.style() == Qt::CustomDashLine)
-        pen.setCapStyle(Qt::SquareCap);
     painter.save();
     painter.setWorldTransform(fromDevice);
     painter.setBrush(Qt::NoBrush);

@@ -313,7 +313,7 @@ private slots:
         const std::uint32_t geometric = U_PS_GEOMETRIC | U_PS_ENDCAP_FLAT;
         line("dash", [](EmfWriter& e) { return e.pen(U_PS_DASH, 0, rgb(0, 0, 0)); },
              {{2, K}, {19, K}, {20, W}, {25, W}, {26, K}});
-        line("dash dot dot", ext(U_PS_DASHDOTDOT, 1), {{10, K}, {11, W}, {15, K}, {18, W}, {21, K}, {24, W}, {26, K}});
+        line("dash dot dot", ext(U_PS_DASHDOTDOT | U_PS_ENDCAP_FLAT, 1), {{10, K}, {11, W}, {15, K}, {18, W}, {21, K}, {24, W}, {26, K}});
         line("alternate", ext(U_PS_ALTERNATE, 1), {{2, K}, {3, W}, {4, K}, {5, W}});
         line("user steps", ext(U_PS_USERSTYLE, 1, {2, 1}), {{7, K}, {8, W}, {10, W}, {11, K}});
         line("wide dash", ext(geometric | U_PS_DASH, 2), {{7, K}, {8, W}, {9, W}, {10, K}});
@@ -327,6 +327,10 @@ private slots:
             e.select(e.pen(U_PS_SOLID, 0, rgb(255, 0, 0)));
             return e.extPen(U_PS_GEOMETRIC | U_PS_ALTERNATE, 4, rgb(0, 0, 0));
         }, {{20, R}, {30, R}});
+        QTest::newRow("mitre past the limit bevelled") << Draw([](EmfWriter& e) {
+            e.select(e.extPen(U_PS_GEOMETRIC | U_PS_ENDCAP_FLAT | U_PS_JOIN_MITER, 4, rgb(0, 0, 0)));
+            e.polyline({point32_set(2, 9), point32_set(20, 10), point32_set(2, 11)});
+        }) << std::vector<Expect>{{{18, 10}, K}, {{26, 10}, W}};
         QTest::newRow("inside frame") << Draw([](EmfWriter& e) {
             e.select(U_NULL_BRUSH);
             e.select(e.pen(U_PS_INSIDEFRAME, 6, rgb(0, 0, 0)));
