@@ -31,6 +31,9 @@ constexpr std::size_t kMaxGlyphs = 200000;
 // not hold more: 256 MiB of pixels.
 constexpr std::int64_t kMaxBitmapPixels = 64ll * 1024 * 1024;
 constexpr std::int64_t kMaxPicturePixels = kMaxBitmapPixels;
+// The most on and off lengths a pen's own pattern may have: Windows
+// refuses to create a pen with more.
+constexpr std::uint32_t kMaxDashes = 16;
 // Larger files are not pictures of ours; refusing them bounds memory use.
 constexpr std::int64_t kMaxFileBytes = 32 * 1024 * 1024;
 // A frame wider or higher than ten metres (in 0.01 mm) is damage.

@@ -13,8 +13,6 @@ namespace {
 // The device context's own pen and brush, which libuemf does not name.
 constexpr std::uint32_t kDcBrush = U_STOCK_OBJECT | 18;
 constexpr std::uint32_t kDcPen = U_STOCK_OBJECT | 19;
-// The most on and off lengths a pen's own pattern may have.
-constexpr std::uint32_t kMaxDashes = 16;
 
 // The ends and joins of a pen style word; a mitre past the limit is cut
 // square across (bevelled), not clipped at the limit.
