@@ -216,7 +216,12 @@ private slots:
             });
         };
         QTest::newRow("fill region") << region(U_EMR_FILLRGN, 32) << quadrants(R, W, W, R);
-        QTest::newRow("region filled by no brush") << region(U_EMR_FILLRGN, 32, false) << quadrants(W, W, W, W);
+        QTest::newRow("region filled by no brush") << Draw([=](EmfWriter& e) {
+            e.select(U_NULL_PEN);
+            e.select(U_BLACK_BRUSH);
+            e.rectangle({-1, -1, 41, 41});
+            region(U_EMR_FILLRGN, 32, false)(e);
+        }) << quadrants(K, K, K, K);
         QTest::newRow("paint region") << region(U_EMR_PAINTRGN, 28) << quadrants(K, W, W, K);
         QTest::newRow("frame region") << region(U_EMR_FRAMERGN, 40)
                                       << std::vector<Expect>{{{1, 10}, R}, {{10, 10}, W}, {{30, 10}, W}};
@@ -469,14 +474,15 @@ private slots:
             << picture(plus(0x4008, 0x8100, le(12) + le(0xdbc01002) + le(0)) + plus(0x4008, 0x100, le(0xffff0000)) +
                        plus(0x400a, 0, le(0) + le(1) + f({0, 0, 20, 40})))
             << quadrants(R, W, R, W);
-        // Bitmaps: a PNG over the picture, its right column by three points,
+        // Bitmaps: a PNG over the picture, its right column by three points
+        // onto a band,
         // and raw pixels with alpha.
         const std::string image = plus(0x4008, 0x505, le(0xdbc01002) + le(1) + le(2) + le(2) + le(0) + le(0) + le(1) + png().toStdString());
         QTest::newRow("image") << picture(image + plus(0x401a, 5, le(0) + le(2) + f({0, 0, 2, 2, 0, 0, 40, 40})))
                                << quadrants(R, G, B, W);
         QTest::newRow("image part on three points")
-            << picture(image + plus(0x401b, 5, le(0) + le(2) + f({1, 0, 1, 2}) + le(3) + f({0, 0, 40, 0, 0, 40})))
-            << quadrants(G, G, W, W);
+            << picture(image + plus(0x401b, 5, le(0) + le(2) + f({1, 0, 1, 2}) + le(3) + f({20, 0, 30, 0, 20, 40})))
+            << std::vector<Expect>{{{25, 10}, G}, {{35, 10}, W}, {{10, 10}, W}, {{25, 30}, W}};
         QTest::newRow("raw pixels") << picture(plus(0x4008, 0x505, le(0xdbc01002) + le(1) + le(2) + le(1) + le(8) + le(0x26200a) +
                                                                    le(0) + le(0xffff0000) + le(0x800000ff)) +
                                                plus(0x401a, 5, le(0) + le(2) + f({0, 0, 2, 1, 0, 0, 40, 40})))
