@@ -500,6 +500,9 @@ private slots:
         QTest::newRow("clip excluded") << picture(plus(0x4032, 0x400, f({0, 0, 20, 40})) + fillAll) << quadrants(W, R, W, R);
         QTest::newRow("clip moved") << picture(plus(0x4032, 0, f({0, 0, 20, 40})) + plus(0x4035, 0, f({20, 0})) + fillAll)
                                     << quadrants(W, R, W, R);
+        QTest::newRow("clip path") << picture(plus(0x4008, 0x303, le(0xdbc01002) + le(4) + le(0) + f({0, 0, 20, 0, 20, 40, 0, 40}) +
+                                                              std::string("\0\x01\x01\x81", 4)) + plus(0x4033, 3, "") + fillAll)
+                                   << quadrants(R, W, R, W);
         QTest::newRow("clip lifted") << picture(plus(0x4032, 0, f({0, 0, 20, 20})) + plus(0x4031, 0, "") + fillAll)
                                      << quadrants(R, R, R, R);
     }
