@@ -5,6 +5,7 @@
 // device's pixels, the current position and the clip.
 #include <QColor>
 #include <QImage>
+#include <QList>
 #include <QPainterPath>
 #include <QPointF>
 #include <QSizeF>
@@ -12,6 +13,7 @@
 #include <QTransform>
 
 #include <cstdint>
+#include <optional>
 
 namespace emf {
 
@@ -34,9 +36,13 @@ struct PenObject {
     QColor color = Qt::black;
     bool cosmetic = true;    // one device pixel whatever the mapping
     double width = 0;        // logical units, for geometric pens
-    Qt::PenStyle style = Qt::SolidLine;
     Qt::PenCapStyle cap = Qt::RoundCap;
     Qt::PenJoinStyle join = Qt::RoundJoin;
+    // On and off lengths in pen widths, empty for a solid line: one pattern
+    // for when the pen is drawn one pixel wide, one for when it is wider.
+    QList<qreal> onePixelDashes;
+    QList<qreal> wideDashes;
+    bool insideFrame = false;  // wide pens outline boxes within them
 };
 
 struct BrushObject {
@@ -69,8 +75,7 @@ struct DeviceContext {
 
     QPointF position{0, 0};  // current position, reference-device pixels
 
-    bool clipped = false;
-    QPainterPath clip;       // reference-device pixels, used when clipped
+    std::optional<QPainterPath> clip;  // reference-device pixels; none clips nothing
 };
 
 // Reference-device pixels per millimetre, from the metafile header.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_dib.h"
 
-#include "platform/emf/emf_record_check.h"
+#include "platform/emf/emf_limits.h"
+#include "platform/emf/emf_records.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -18,10 +19,15 @@ namespace emf {
 
 namespace {
 
-std::uint16_t readU16(const char* at)
-{
-    return std::uint16_t(std::uint8_t(at[0]) | std::uint8_t(at[1]) << 8);
-}
+// The old core header: 16-bit sizes, 3-byte colours in its table.
+struct CoreHeader {
+    std::uint32_t size;
+    std::uint16_t width;
+    std::uint16_t height;
+    std::uint16_t planes;
+    std::uint16_t bitCount;
+};
+constexpr std::size_t kInfoHeader = sizeof(U_BITMAPINFOHEADER);
 
 // One colour channel's place in a pixel word.
 struct Channel {
@@ -74,37 +80,42 @@ std::optional<Header> readHeader(const char* record, std::uint32_t recordSize, c
     if (where.headerBytes < 12 || where.headerAt < 8 || headerEnd > recordSize)
         return std::nullopt;
     const char* h = record + where.headerAt;
-    const std::uint32_t headerSize = readU32(h, 0);
+    const std::uint32_t headerSize = fieldAt<std::uint32_t>(h, 0);
     Header out;
     std::uint64_t tableAt = headerSize;
     std::uint32_t tableEntry = 4;
     std::uint64_t colours = 0;
-    if (headerSize == 12) {  // the old core header: 16-bit sizes, 3-byte colours
-        out.width = readU16(h + 4);
-        out.height = readU16(h + 6);
-        out.bitCount = readU16(h + 10);
+    if (headerSize == sizeof(CoreHeader)) {
+        const auto core = fieldAt<CoreHeader>(h, 0);
+        out.width = core.width;
+        out.height = core.height;
+        out.bitCount = core.bitCount;
         tableEntry = 3;
     } else {
-        if (headerSize < 40 || headerSize > where.headerBytes)
+        if (headerSize < kInfoHeader || headerSize > where.headerBytes)
             return std::nullopt;
-        out.width = readI32(h, 4);
-        const std::int64_t height = readI32(h, 8);
+        const auto info = fieldAt<U_BITMAPINFOHEADER>(h, 0);
+        out.width = info.biWidth;
+        const std::int64_t height = info.biHeight;
         out.topDown = height < 0;
         out.height = height < 0 ? -height : height;
-        out.bitCount = readU16(h + 14);
-        out.compression = readU32(h, 16);
-        colours = readU32(h, 32);
+        out.bitCount = info.biBitCount;
+        out.compression = info.biCompression;
+        colours = info.biClrUsed;
         if (out.compression == U_BI_BITFIELDS) {
-            // The masks follow the short header; longer headers hold them.
-            const std::uint64_t masksAt = headerSize >= 52 ? 40 : headerSize;
-            if (masksAt + 12 > where.headerBytes)
+            // Red, green and blue masks follow the short header; longer
+            // headers hold them, and from the fourth version an alpha mask.
+            using Masks = std::array<std::uint32_t, 3>;
+            const std::uint64_t masksAt = headerSize >= kInfoHeader + sizeof(Masks) ? kInfoHeader : headerSize;
+            if (masksAt + sizeof(Masks) > where.headerBytes)
                 return std::nullopt;
-            for (int i = 0; i < 3; ++i)
-                out.masks[std::size_t(i)] = Channel::of(readU32(h, std::size_t(masksAt) + 4 * std::size_t(i)));
-            if (headerSize >= 56)
-                out.masks[3] = Channel::of(readU32(h, 52));
-            if (headerSize < 52)
-                tableAt += 12;
+            const auto masks = fieldAt<Masks>(h, std::size_t(masksAt));
+            for (std::size_t i = 0; i < 3; ++i)
+                out.masks[i] = Channel::of(masks[i]);
+            if (headerSize >= kInfoHeader + sizeof(Masks) + 4)
+                out.masks[3] = Channel::of(fieldAt<std::uint32_t>(h, kInfoHeader + sizeof(Masks)));
+            if (headerSize < kInfoHeader + sizeof(Masks))
+                tableAt += sizeof(Masks);
         }
     }
     if (out.width <= 0 || out.height <= 0 || out.width * out.height > kMaxBitmapPixels)
@@ -249,22 +260,22 @@ QImage decodeRle(const Header& h, const char* data, std::uint64_t bytes)
     return image;
 }
 
-QImage decodeEmbedded(const char* data, std::uint64_t bytes)
+}  // namespace
+
+QImage decodeEncoded(const char* data, std::uint64_t bytes, std::int64_t pixelsAllowed)
 {
     QByteArray encoded = QByteArray::fromRawData(data, qsizetype(bytes));
     QBuffer buffer(&encoded);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     const QSize size = reader.size();
-    if (!size.isValid() || std::int64_t(size.width()) * size.height() > kMaxBitmapPixels)
+    if (!size.isValid() || std::int64_t(size.width()) * size.height() > pixelsAllowed)
         return {};
     QImage image = reader.read();
     if (image.isNull())
         return image;
     return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
-
-}  // namespace
 
 QSize dibSize(const char* record, std::uint32_t recordSize, const DibLocation& where)
 {
@@ -288,7 +299,7 @@ QImage decodeDib(const char* record, std::uint32_t recordSize, const DibLocation
         if (h->width * h->height > 1024 * std::int64_t(where.bitsBytes) + (1 << 20))
             return {};
         return decodeRle(*h, bits, where.bitsBytes);
-    case U_BI_JPEG: case U_BI_PNG: return decodeEmbedded(bits, where.bitsBytes);
+    case U_BI_JPEG: case U_BI_PNG: return decodeEncoded(bits, where.bitsBytes, kMaxBitmapPixels);
     default: return decodePlain(*h, bits, where.bitsBytes, keepAlpha);
     }
 }

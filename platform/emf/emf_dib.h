@@ -10,11 +10,6 @@
 
 namespace emf {
 
-// Bitmaps larger than this are skipped; a picture's bitmaps together may not
-// hold more than kMaxPicturePixels either.
-constexpr std::int64_t kMaxBitmapPixels = 64ll * 1024 * 1024;
-constexpr std::int64_t kMaxPicturePixels = kMaxBitmapPixels;
-
 // Where a record keeps its bitmap: header and pixels, offsets from the
 // record's start.
 struct DibLocation {
@@ -37,5 +32,9 @@ QSize dibSize(const char* record, std::uint32_t recordSize, const DibLocation& w
 // A null image for anything that does not fit or cannot be decoded.
 QImage decodeDib(const char* record, std::uint32_t recordSize, const DibLocation& where,
                  bool keepAlpha = false);
+
+// A PNG, JPEG or other file's picture as ARGB32 premultiplied; null when it
+// cannot be read or holds more than pixelsAllowed pixels.
+QImage decodeEncoded(const char* data, std::uint64_t bytes, std::int64_t pixelsAllowed);
 
 }  // namespace emf

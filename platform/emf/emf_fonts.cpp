@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_fonts.h"
 
-#include "platform/emf/emf_record_check.h"
+#include "platform/emf/emf_limits.h"
+#include "platform/emf/emf_records.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -15,15 +16,10 @@ namespace emf {
 
 namespace {
 
-// LOGFONTW: height, width, escapement, orientation, weight, then the italic,
-// underline, strike-out, charset, precision, quality and pitch bytes, then
-// the face name of 32 UTF-16 units.
-constexpr std::size_t kLogFontAt = 12;
-constexpr std::size_t kFaceAt = kLogFontAt + 28;
-constexpr std::size_t kFaceUnits = 32;
-constexpr std::size_t kLogFontEnd = kFaceAt + 2 * kFaceUnits;  // 104
+// The record's LOGFONTW; the longer forms after it are not read.
+constexpr std::size_t kLogFontAt = offsetof(U_EMREXTCREATEFONTINDIRECTW, elfw);
+constexpr std::size_t kLogFontEnd = kLogFontAt + sizeof(U_LOGFONT);
 
-constexpr double kMaxFontHeight = 1e7;
 
 struct Substitute {
     const char* face;
@@ -70,28 +66,23 @@ std::optional<std::pair<std::uint32_t, FontObject>> fontFromRecord(const char* r
 {
     if (size < kLogFontEnd)
         return std::nullopt;
+    const auto lf = fieldAt<U_LOGFONT>(rec, kLogFontAt);
     FontObject f;
-    const double height = readI32(rec, kLogFontAt);
-    const double width = readI32(rec, kLogFontAt + 4);
-    f.height = std::clamp(height, -kMaxFontHeight, kMaxFontHeight);
-    f.width = std::clamp(std::abs(width), 0.0, kMaxFontHeight);
-    f.escapement = readI32(rec, kLogFontAt + 8) % 3600;
-    const std::int32_t weight = readI32(rec, kLogFontAt + 16);
-    f.weight = weight <= 0 ? 400 : std::clamp(weight, 1, 1000);
-    const unsigned char* bytes = reinterpret_cast<const unsigned char*>(rec + kLogFontAt + 20);
-    f.italic = bytes[0] != 0;
-    f.underline = bytes[1] != 0;
-    f.strikeOut = bytes[2] != 0;
-    f.charset = bytes[3];
-    f.pitchAndFamily = bytes[7];
-    for (std::size_t i = 0; i < kFaceUnits; ++i) {
-        std::uint16_t unit;
-        std::memcpy(&unit, rec + kFaceAt + 2 * i, 2);
+    f.height = std::clamp(double(lf.lfHeight), -kMaxFontHeight, kMaxFontHeight);
+    f.width = std::clamp(std::abs(double(lf.lfWidth)), 0.0, kMaxFontHeight);
+    f.escapement = lf.lfEscapement % 3600;
+    f.weight = lf.lfWeight <= 0 ? 400 : std::clamp(lf.lfWeight, 1, 1000);
+    f.italic = lf.lfItalic != 0;
+    f.underline = lf.lfUnderline != 0;
+    f.strikeOut = lf.lfStrikeOut != 0;
+    f.charset = lf.lfCharSet;
+    f.pitchAndFamily = lf.lfPitchAndFamily;
+    for (const std::uint16_t unit : lf.lfFaceName) {
         if (unit == 0)
             break;
         f.face.append(QChar(unit));
     }
-    return std::make_pair(readU32(rec, 8), f);
+    return std::make_pair(recordAs<U_EMREXTCREATEFONTINDIRECTW>(rec).ihFont, f);
 }
 
 QString familyFor(const FontObject& font)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_header.h"
 
+#include "platform/emf/emf_limits.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -11,7 +13,6 @@ namespace emf {
 namespace {
 
 // The longest picture name read; a name is a few words.
-constexpr std::uint32_t kMaxTitle = 256;
 
 // The second of the description's two strings (the first names the program
 // that made the picture), when it lies wholly inside the header record.
@@ -49,7 +50,6 @@ std::optional<HeaderInfo> checkHeader(const char* rec, std::uint64_t size)
     // size; the frame is at most about ten metres wide.
     const std::int64_t frameW = std::int64_t(h.rclFrame.right) - h.rclFrame.left;
     const std::int64_t frameH = std::int64_t(h.rclFrame.bottom) - h.rclFrame.top;
-    constexpr std::int64_t kMaxFrame = 1'000'000;
     if (frameW <= 0 || frameH <= 0 || frameW > kMaxFrame || frameH > kMaxFrame)
         return std::nullopt;
     if (h.szlDevice.cx <= 0 || h.szlDevice.cy <= 0 || h.szlMillimeters.cx <= 0 ||

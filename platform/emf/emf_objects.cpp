@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_objects.h"
 
+#include "platform/emf/emf_limits.h"
+
+#include <algorithm>
+#include <cstring>
+
 namespace emf {
 
 namespace {
@@ -9,22 +14,10 @@ namespace {
 constexpr std::uint32_t kDcBrush = U_STOCK_OBJECT | 18;
 constexpr std::uint32_t kDcPen = U_STOCK_OBJECT | 19;
 
-QColor colour(const U_COLORREF& c)
+// The ends and joins of a pen style word; a mitre past the limit is cut
+// square across (bevelled), not clipped at the limit.
+void applyEnds(std::uint32_t style, PenObject& pen)
 {
-    return QColor(c.Red, c.Green, c.Blue);
-}
-
-// Dash pattern, visibility and the ends and joins of a pen style word.
-void applyStyle(std::uint32_t style, PenObject& pen)
-{
-    switch (style & U_PS_STYLE_MASK) {
-    case U_PS_DASH: pen.style = Qt::DashLine; break;
-    case U_PS_DOT: case U_PS_ALTERNATE: pen.style = Qt::DotLine; break;
-    case U_PS_DASHDOT: pen.style = Qt::DashDotLine; break;
-    case U_PS_DASHDOTDOT: pen.style = Qt::DashDotDotLine; break;
-    case U_PS_NULL: pen.visible = false; break;
-    default: pen.style = Qt::SolidLine; break;  // solid, inside-frame, user styles
-    }
     switch (style & U_PS_ENDCAP_MASK) {
     case U_PS_ENDCAP_SQUARE: pen.cap = Qt::SquareCap; break;
     case U_PS_ENDCAP_FLAT: pen.cap = Qt::FlatCap; break;
@@ -32,8 +25,33 @@ void applyStyle(std::uint32_t style, PenObject& pen)
     }
     switch (style & U_PS_JOIN_MASK) {
     case U_PS_JOIN_BEVEL: pen.join = Qt::BevelJoin; break;
-    case U_PS_JOIN_MITER: pen.join = Qt::MiterJoin; break;
+    case U_PS_JOIN_MITER: pen.join = Qt::SvgMiterJoin; break;
     default: pen.join = Qt::RoundJoin; break;
+    }
+}
+
+// The built-in dashes, on and off: a one-pixel pen counts them in pixels,
+// a wide pen in its own widths.
+QList<qreal> onePixelDashes(std::uint32_t style)
+{
+    switch (style & U_PS_STYLE_MASK) {
+    case U_PS_DASH: return {18, 6};
+    case U_PS_DOT: return {3, 3};
+    case U_PS_DASHDOT: return {9, 6, 3, 6};
+    case U_PS_DASHDOTDOT: return {9, 3, 3, 3, 3, 3};
+    case U_PS_ALTERNATE: return {1, 1};
+    default: return {};
+    }
+}
+
+QList<qreal> wideDashes(std::uint32_t style)
+{
+    switch (style & U_PS_STYLE_MASK) {
+    case U_PS_DASH: return {3, 1};
+    case U_PS_DOT: return {1, 1};
+    case U_PS_DASHDOT: return {3, 1, 1, 1};
+    case U_PS_DASHDOTDOT: return {3, 1, 1, 1, 1, 1};
+    default: return {};
     }
 }
 
@@ -68,33 +86,80 @@ BrushObject stockBrush(QColor c, bool visible = true)
 
 }  // namespace
 
+QList<qreal> endsWithinDashes(QList<qreal> dashes, Qt::PenCapStyle cap)
+{
+    if (cap == Qt::FlatCap)
+        return dashes;
+    // A dot keeps a sliver of length, so that its ends are drawn.
+    constexpr qreal kSliver = 1.0 / 64;
+    for (qsizetype i = 0; i + 1 < dashes.size(); i += 2) {
+        const qreal given = std::clamp(dashes[i] - kSliver, qreal(0), qreal(1));
+        dashes[i] -= given;
+        dashes[i + 1] += given;
+    }
+    return dashes;
+}
+
 PenObject penFromLogPen(const U_LOGPEN& lp)
 {
     PenObject pen;
-    pen.color = colour(lp.lopnColor);
-    applyStyle(lp.lopnStyle, pen);
+    pen.color = colourOf(lp.lopnColor);
+    applyEnds(lp.lopnStyle, pen);
+    pen.visible = (lp.lopnStyle & U_PS_STYLE_MASK) != U_PS_NULL;
     // Width 0 is the one-pixel pen; any other width is in logical units.
     pen.cosmetic = lp.lopnWidth.x <= 0;
     pen.width = pen.cosmetic ? 0 : lp.lopnWidth.x;
+    pen.insideFrame = (lp.lopnStyle & U_PS_STYLE_MASK) == U_PS_INSIDEFRAME;
+    // These pens are dashed only while a pixel wide; wider, they are solid.
+    if ((lp.lopnStyle & U_PS_STYLE_MASK) != U_PS_ALTERNATE)
+        pen.onePixelDashes = onePixelDashes(lp.lopnStyle);
     return pen;
 }
 
-PenObject penFromExtLogPen(const U_EXTLOGPEN& lp)
+GraphicsObject penFromExtLogPen(const U_EXTLOGPEN& lp, const char* styleEntries)
 {
     PenObject pen;
-    pen.color = colour(lp.elpColor);
-    applyStyle(lp.elpPenStyle, pen);
-    if (lp.elpBrushStyle == U_BS_NULL)
-        pen.visible = false;
-    pen.cosmetic = (lp.elpPenStyle & U_PS_GEOMETRIC) == 0 || lp.elpWidth == 0;
+    const std::uint32_t style = lp.elpPenStyle & U_PS_STYLE_MASK;
+    pen.color = colourOf(lp.elpColor);
+    applyEnds(lp.elpPenStyle, pen);
+    pen.visible = style != U_PS_NULL && lp.elpBrushStyle != U_BS_NULL;
+    const bool geometric = lp.elpPenStyle & U_PS_GEOMETRIC;
+    // Alternate pixels are for one-pixel pens, inside-frame for wide ones,
+    // and a pattern has at most 16 lengths: other pens are never created,
+    // so selecting them keeps the pen before.
+    if ((geometric && style == U_PS_ALTERNATE) || (!geometric && style == U_PS_INSIDEFRAME) ||
+        (style == U_PS_USERSTYLE && (lp.elpNumEntries == 0 || lp.elpNumEntries > kMaxDashes)))
+        return OtherObject{};
+    pen.cosmetic = !geometric || lp.elpWidth == 0;
     pen.width = pen.cosmetic ? 0 : double(lp.elpWidth);
+    pen.insideFrame = style == U_PS_INSIDEFRAME;
+    if (style == U_PS_USERSTYLE) {
+        // Lengths in steps of three pixels (a dot's length) for a one-pixel
+        // pen, in logical units for a wide one; an odd count repeats with on
+        // and off swapped.
+        const double unit = pen.cosmetic ? 1.0 / 3 : pen.width;
+        for (std::uint32_t i = 0; i < lp.elpNumEntries; ++i) {
+            std::uint32_t length = 0;
+            std::memcpy(&length, styleEntries + 4 * i, 4);
+            pen.wideDashes.push_back(length / unit);
+        }
+        if (pen.wideDashes.size() % 2)
+            pen.wideDashes += pen.wideDashes;
+        if (std::all_of(pen.wideDashes.begin(), pen.wideDashes.end(), [](qreal d) { return d == 0; }))
+            pen.wideDashes.clear();
+        pen.onePixelDashes = pen.wideDashes;
+    } else {
+        pen.onePixelDashes = pen.cosmetic ? onePixelDashes(style) : wideDashes(style);
+        pen.wideDashes = wideDashes(style);
+    }
+    pen.wideDashes = endsWithinDashes(pen.wideDashes, pen.cap);
     return pen;
 }
 
 BrushObject brushFromLogBrush(const U_LOGBRUSH& lb)
 {
     BrushObject brush;
-    brush.color = colour(lb.lbColor);
+    brush.color = colourOf(lb.lbColor);
     switch (lb.lbStyle) {
     case U_BS_SOLID: brush.style = Qt::SolidPattern; break;
     case U_BS_HATCHED: brush.style = hatchStyle(std::uint32_t(lb.lbHatch)); break;

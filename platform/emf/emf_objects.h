@@ -36,7 +36,12 @@ private:
 
 // Records' pen and brush descriptions into our objects.
 PenObject penFromLogPen(const U_LOGPEN& pen);
-PenObject penFromExtLogPen(const U_EXTLOGPEN& pen);
+// styleEntries: the record's elpNumEntries dash lengths, as they lie. A pen
+// Windows would refuse to create comes back as an object that selects nothing.
+GraphicsObject penFromExtLogPen(const U_EXTLOGPEN& pen, const char* styleEntries);
+// Round and square ends are drawn within a dash's length: each dash gives
+// a pen width (at most) to its two half-ends, the gap after it takes it back.
+QList<qreal> endsWithinDashes(QList<qreal> dashes, Qt::PenCapStyle cap);
 BrushObject brushFromLogBrush(const U_LOGBRUSH& brush);
 // What Qt fills with for a brush: its colour, hatch or bitmap tile.
 QBrush qtBrush(const BrushObject& brush);

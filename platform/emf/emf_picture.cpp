@@ -2,7 +2,8 @@
 #include "platform/emf/emf_picture.h"
 
 #include "platform/emf/emf_draw_op.h"
-#include "platform/emf/emf_playback.h"
+#include "platform/emf/emf_limits.h"
+#include "platform/emf/emf_player.h"
 #include "platform/emf/emf_record_check.h"
 
 #include <QFile>
@@ -15,23 +16,43 @@
 
 namespace {
 
-// Larger files are not pictures of ours; refusing them bounds memory use.
-constexpr qint64 kMaxFileBytes = 32 * 1024 * 1024;
 // Zeroed bytes after the data, so that a check peeking a field past the last
 // record reads zeros instead of foreign memory.
 constexpr std::size_t kSlackBytes = 256;
-// Qt refuses pens from 32768 units wide.
-constexpr double kMaxPenWidth = 10000;
 
 // Bitmaps are drawn through their own placement, smoothed when scaled.
-void paintBitmap(QPainter& painter, const emf::DrawOp& op)
+void paintImage(QPainter& painter, const emf::ImageOp& op, QPainter::CompositionMode composition)
 {
     painter.save();
     painter.setTransform(op.placement, true);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
-    painter.setCompositionMode(op.composition);
+    painter.setCompositionMode(composition);
     painter.drawImage(QPointF(0, 0), op.image);
     painter.restore();
+}
+
+// The pen of a stroke; no pen comes out thinner than `thinnest` units, or
+// than `thinnestWide` when it has a width of its own. `devicePerUnit`:
+// device pixels per unit.
+QPen qtPen(const emf::Stroke& stroke, double thinnest, double thinnestWide, double devicePerUnit)
+{
+    QPen pen(stroke.color);
+    const double width = std::max(stroke.width, stroke.width > 0 ? thinnestWide : thinnest);
+    pen.setWidthF(width);
+    pen.setStyle(stroke.style);
+    pen.setCapStyle(stroke.cap);
+    pen.setJoinStyle(stroke.join);
+    pen.setMiterLimit(stroke.miterLimit);
+    // A pen that comes out one device pixel wide (or less) takes its
+    // one-pixel dashes, counted in device pixels.
+    const double pixels = stroke.width == 0 ? 1 : width * devicePerUnit;
+    QList<qreal> dashes = pixels < 1.5 ? stroke.onePixelDashes : stroke.wideDashes;
+    if (pixels < 1 && pixels > 0)
+        for (qreal& d : dashes)
+            d /= pixels;
+    if (!dashes.isEmpty())
+        pen.setDashPattern(dashes);
+    return pen;
 }
 
 // A one-pixel pen lights whole pixels of the device it draws on: each point
@@ -80,19 +101,19 @@ EmfPicture::~EmfPicture() = default;
 std::optional<EmfPicture> EmfPicture::load(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxFileBytes)
+    if (!file.open(QIODevice::ReadOnly) || file.size() > emf::kMaxFileBytes)
         return std::nullopt;
     // Read what the file holds (a file that grows meanwhile is cut at the
     // limit); asking for the limit itself would allocate it all up front.
-    const QByteArray bytes = file.read(std::min<qint64>(file.size(), kMaxFileBytes) + 1);
-    if (bytes.size() > kMaxFileBytes)
+    const QByteArray bytes = file.read(std::min<qint64>(file.size(), emf::kMaxFileBytes) + 1);
+    if (bytes.size() > emf::kMaxFileBytes)
         return std::nullopt;
     return fromBytes(bytes);
 }
 
 std::optional<EmfPicture> EmfPicture::fromBytes(const QByteArray& bytes)
 {
-    if (bytes.size() > kMaxFileBytes)
+    if (bytes.size() > emf::kMaxFileBytes)
         return std::nullopt;
     // Word-aligned, zero-padded copy: records are read where they lie.
     const std::size_t size = std::size_t(bytes.size());
@@ -146,52 +167,40 @@ void EmfPicture::paint(QPainter& painter, const QRectF& target) const
     // How many pixels of the painter's device one reference pixel covers,
     // so that a zero-width pen comes out one device pixel wide.
     const QTransform toDevice = painter.deviceTransform();
-    const double devicePerUnit =
-        std::sqrt(std::abs(toDevice.m11() * toDevice.m22() - toDevice.m12() * toDevice.m21()));
-    const double thinnest = devicePerUnit > 0 ? std::min(1 / devicePerUnit, kMaxPenWidth) : 1;
+    const double devicePerUnit = emf::linearScale(toDevice);
+    const double thinnest = devicePerUnit > 0 ? std::min(1 / devicePerUnit, emf::kMaxPenWidth) : 1;
     // A pen with a width of its own keeps at least one reference pixel when
     // the picture is drawn smaller than its own size, so its lines come out
     // faint, as on a screen that draws the picture whole and then shrinks it.
     const double thinnestWide = std::min(thinnest, 1.0);
 
     for (const emf::DrawOp& op : d_->ops) {
-        if (op.clipped) {
+        if (op.clip) {
             painter.save();
-            painter.setClipPath(op.clip, Qt::IntersectClip);
+            painter.setClipPath(*op.clip, Qt::IntersectClip);
         }
-        if (!op.image.isNull()) {
-            paintBitmap(painter, op);
-            if (op.clipped)
-                painter.restore();
-            continue;
-        }
-        painter.setCompositionMode(op.composition);
-        // Bitwise mixes work on whole pixels, as on the screen the file was
-        // made for: a smoothed edge would be mixed in full, and two shapes
-        // sharing an edge would both mix it.
-        painter.setRenderHint(QPainter::Antialiasing, op.composition < QPainter::RasterOp_SourceOrDestination);
-        painter.setBrush(op.filled ? op.brush : QBrush(Qt::NoBrush));
-        if (op.stroked) {
-            QPen pen(op.stroke.color);
-            pen.setWidthF(std::max(op.stroke.width, op.stroke.width > 0 ? thinnestWide : thinnest));
-            pen.setStyle(op.stroke.style);
-            pen.setCapStyle(op.stroke.cap);
-            pen.setJoinStyle(op.stroke.join);
-            pen.setMiterLimit(op.stroke.miterLimit);
-            painter.setPen(pen);
+        if (const auto* image = std::get_if<emf::ImageOp>(&op.what)) {
+            paintImage(painter, *image, op.composition);
         } else {
-            painter.setPen(Qt::NoPen);
+            const auto& shape = std::get<emf::ShapeOp>(op.what);
+            painter.setCompositionMode(op.composition);
+            // Bitwise mixes work on whole pixels, as on the screen the file
+            // was made for: a smoothed edge would be mixed in full, and two
+            // shapes sharing an edge would both mix it.
+            painter.setRenderHint(QPainter::Antialiasing, op.composition < QPainter::RasterOp_SourceOrDestination);
+            painter.setBrush(shape.fill ? *shape.fill : QBrush(Qt::NoBrush));
+            painter.setPen(shape.stroke ? qtPen(*shape.stroke, thinnest, thinnestWide, devicePerUnit) : QPen(Qt::NoPen));
+            if (shape.stroke && shape.stroke->width == 0) {
+                const QPen pen = painter.pen();
+                painter.setPen(Qt::NoPen);
+                if (shape.fill)
+                    painter.drawPath(shape.path);
+                paintHairline(painter, shape.path, pen);
+            } else {
+                painter.drawPath(shape.path);
+            }
         }
-        if (op.stroked && op.stroke.width == 0) {
-            const QPen pen = painter.pen();
-            painter.setPen(Qt::NoPen);
-            if (op.filled)
-                painter.drawPath(op.path);
-            paintHairline(painter, op.path, pen);
-        } else {
-            painter.drawPath(op.path);
-        }
-        if (op.clipped)
+        if (op.clip)
             painter.restore();
     }
     painter.restore();

@@ -1,28 +1,27 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
-// The record interpreter behind playRecords: walks the checked records in
-// order, keeps the device context, object table and path being recorded, and
-// collects the shapes to draw. Shapes live in emf_player_shapes.cpp, state,
-// mapping, clipping and objects in emf_player_state.cpp.
+// The plain record interpreter: walks the checked records in order, keeps
+// the device context, object table and path being recorded, and collects the
+// steps to draw. Its records live by family: figures in
+// emf_player_shapes.cpp, clipping, mapping, saved states and objects in
+// emf_player_state.cpp, text in emf_player_text.cpp, bit blocks in
+// emf_player_bitmaps.cpp, pixels, regions and gradients in
+// emf_player_fills.cpp.
 #include "platform/emf/emf_device_context.h"
 #include "platform/emf/emf_dib.h"
 #include "platform/emf/emf_draw_op.h"
 #include "platform/emf/emf_fonts.h"
+#include "platform/emf/emf_limits.h"
 #include "platform/emf/emf_objects.h"
 #include "platform/emf/emf_plus.h"
 #include "platform/emf/emf_record_check.h"
+#include "platform/emf/emf_records.h"
 
 #include <cstdint>
 #include <cstddef>
 #include <vector>
 
 namespace emf {
-
-// Shapes reaching further than this from the reference device's origin are
-// damage, not drawing; dropping them keeps the rasteriser out of trouble.
-constexpr double kMaxCoordinate = 1 << 24;
-// Qt refuses pens from 32768 units wide; no picture of ours needs a tenth.
-constexpr double kMaxPenWidth = 10000;
 
 class Player {
 public:
@@ -33,11 +32,8 @@ private:
     void play(std::uint32_t type, const char* rec, std::uint32_t size);
     QTransform toDevice() const { return logicalToDevice(dc_, device_); }
 
-    // Shapes, in device pixels: into the path being recorded, or drawn.
-    void shape(const QPainterPath& devicePath, bool fill, bool stroke);
-    // An open figure (polyline, Bézier, arc): joins the path and stays open
-    // for what follows, or is stroked.
-    void openShape(const QPainterPath& devicePath);
+    // Figures, in device pixels: into the path being recorded, or drawn.
+    void figure(const QPainterPath& devicePath, bool open);
     void addOp(QPainterPath path, bool fill, bool stroke);
     QPainterPath& figureFromPosition(QPainterPath& scratch);
     void finishOpenFigure(const QPainterPath& scratch);
@@ -71,14 +67,13 @@ private:
     // regions and gradients (emf_player_fills.cpp).
     void bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t size);
     void patternBlt(const QRectF& logical, std::uint32_t rop);
-    BrushObject patternBrush(const char* rec, std::uint32_t size);
+    BrushObject patternBrush(const char* rec, std::uint32_t size, const DibLocation& where);
     QImage bitmap(const char* rec, std::uint32_t size, const DibLocation& where, bool keepAlpha);
     void fillRecord(std::uint32_t type, const char* rec);
     void gradientRecord(const char* rec);
     void addImage(const QImage& image, const QTransform& placement, QPainter::CompositionMode mode);
     void addFill(const QPainterPath& devicePath, const QBrush& brush,
                  QPainter::CompositionMode mode = QPainter::CompositionMode_SourceOver);
-    void placeOp(DrawOp op);  // clipped, and dropped when out of reach
 
     const char* data_;
     ReferenceDevice device_;
@@ -90,11 +85,14 @@ private:
     bool inPath_ = false;
     bool figureOpen_ = false;  // the recorded path has a figure to continue
     QPainterPath path_;        // the path being (or last) recorded
-    QPainterPath everything_;  // the clip region that clips nothing
     PictureData out_;
     std::int64_t bitmapPixels_ = 0;  // decoded so far, against kMaxPicturePixels
     std::size_t pixelRun_ = SIZE_MAX;  // the op that single pixels of one colour join
     std::vector<PlusChunk> plusChunks_;  // EMF+ records, drawn when nothing else is
 };
+
+// The picture the records of a checked metafile draw; `data` is the buffer
+// checkMetafile approved as `metafile`.
+PictureData playRecords(const char* data, const CheckedMetafile& metafile);
 
 }  // namespace emf

@@ -13,53 +13,6 @@ namespace emf {
 
 namespace {
 
-// Where each kind of record keeps its fields.
-struct BltLayout {
-    std::size_t dest = 24;       // x, y
-    std::size_t destSize = 32;   // cx, cy; 0 when the source's size is used
-    std::size_t rop = 40;        // 0 for records that only copy
-    std::size_t src = 44;        // x, y
-    std::size_t srcSize = 0;     // cx, cy; 0 when the destination's size is used
-    std::size_t xform = 52;      // the source's transform; 0 when there is none
-    std::size_t usage = 80;
-    std::size_t bitmap = 84;     // offBmi, cbBmi, offBits, cbBits
-};
-
-BltLayout layoutOf(std::uint32_t type)
-{
-    BltLayout l;
-    switch (type) {
-    case U_EMR_STRETCHBLT: case U_EMR_ALPHABLEND: case U_EMR_TRANSPARENTBLT:
-        l.srcSize = 100;
-        break;
-    case U_EMR_SETDIBITSTODEVICE:
-        l = {24, 0, 0, 32, 40, 0, 64, 48};
-        break;
-    case U_EMR_STRETCHDIBITS:
-        l = {24, 72, 68, 32, 40, 0, 64, 48};
-        break;
-    default:  // BitBlt, MaskBlt
-        break;
-    }
-    return l;
-}
-
-DibLocation locate(const char* rec, std::size_t at, std::uint32_t usage)
-{
-    DibLocation where;
-    where.headerAt = readU32(rec, at);
-    where.headerBytes = readU32(rec, at + 4);
-    where.bitsAt = readU32(rec, at + 8);
-    where.bitsBytes = readU32(rec, at + 12);
-    where.paletteIndexes = usage == U_DIB_PAL_COLORS;
-    return where;
-}
-
-QRgb rgbOf(std::uint32_t colorref)
-{
-    return qRgb(int(colorref & 0xff), int(colorref >> 8 & 0xff), int(colorref >> 16 & 0xff));
-}
-
 // Every pixel's colour and alpha scaled by alpha/255.
 void fade(QImage& image, int alpha)
 {
@@ -102,78 +55,58 @@ QImage Player::bitmap(const char* rec, std::uint32_t size, const DibLocation& wh
 
 void Player::bitmapRecord(std::uint32_t type, const char* rec, std::uint32_t size)
 {
-    const BltLayout l = layoutOf(type);
-    const QPointF dest(readI32(rec, l.dest), readI32(rec, l.dest + 4));
-    const std::uint32_t rop = l.rop ? readU32(rec, l.rop) : U_SRCCOPY;
-    const std::uint32_t usage = readU32(rec, l.usage);
-    const DibLocation where = locate(rec, l.bitmap, usage);
-    QPointF srcSize = l.srcSize ? QPointF(readI32(rec, l.srcSize), readI32(rec, l.srcSize + 4))
-                                : QPointF();
-    QPointF destSize = l.destSize ? QPointF(readI32(rec, l.destSize), readI32(rec, l.destSize + 4))
-                                  : srcSize;
-    if (!l.srcSize) {
-        // BitBlt and MaskBlt: the source spans the destination, scaled by
-        // the source's own transform.
-        srcSize = destSize;
-        if (l.xform) {
-            const double sx = std::abs(double(readF32(rec, l.xform)));
-            const double sy = std::abs(double(readF32(rec, l.xform + 12)));
-            if (std::isfinite(sx) && std::isfinite(sy) && sx > 1e-6 && sy > 1e-6 && sx < 1e6 && sy < 1e6)
-                srcSize = QPointF(srcSize.x() * sx, srcSize.y() * sy);
-        }
-    }
-    if (where.headerBytes == 0) {  // no bitmap: the brush fills the rectangle
-        if (type == U_EMR_BITBLT || type == U_EMR_STRETCHBLT || type == U_EMR_MASKBLT)
-            patternBlt(QRectF(dest, QSizeF(destSize.x(), destSize.y())), rop);
+    const BltRecord b = readBlt(type, rec);
+    if (b.bitmap.headerBytes == 0) {  // no bitmap: the brush fills the rectangle
+        if (b.fillsWithBrush)
+            patternBlt(QRectF(b.dest, QSizeF(b.destSize.x(), b.destSize.y())), b.rop);
         return;
     }
-    const bool alpha = type == U_EMR_ALPHABLEND && (readU32(rec, 40) >> 24 & U_AC_SRC_ALPHA);
-    QImage image = bitmap(rec, size, where, alpha);
-    if (image.isNull() || srcSize.x() == 0 || srcSize.y() == 0)
+    const bool alpha = type == U_EMR_ALPHABLEND && (b.blend >> 24 & U_AC_SRC_ALPHA);
+    QImage image = bitmap(rec, size, b.bitmap, alpha);
+    if (image.isNull() || b.srcSize.x() == 0 || b.srcSize.y() == 0)
         return;
 
     // The part of the bitmap the record copies, and how it lands.
-    const QPointF src(readI32(rec, l.src), readI32(rec, l.src + 4));
-    const QRectF wanted = QRectF(src, QSizeF(srcSize.x(), srcSize.y())).normalized();
+    const QPointF src = b.src;
+    const QRectF wanted = QRectF(src, QSizeF(b.srcSize.x(), b.srcSize.y())).normalized();
     // Cut to the bitmap in floating point first: the wanted part may lie
     // beyond what integers hold.
     const QRect part = (wanted & QRectF(image.rect())).toAlignedRect() & image.rect();
     if (part.isEmpty())
         return;
     QTransform placement = QTransform::fromTranslate(part.x() - src.x(), part.y() - src.y());
-    placement *= QTransform::fromScale(destSize.x() / srcSize.x(), destSize.y() / srcSize.y());
-    placement *= QTransform::fromTranslate(dest.x(), dest.y());
+    placement *= QTransform::fromScale(b.destSize.x() / b.srcSize.x(), b.destSize.y() / b.srcSize.y());
+    placement *= QTransform::fromTranslate(b.dest.x(), b.dest.y());
     placement *= toDevice();
     if (part != image.rect())
         image = image.copy(part);
 
     switch (type) {
     case U_EMR_ALPHABLEND:
-        fade(image, int(readU32(rec, 40) >> 16 & 0xff));
+        fade(image, int(b.blend >> 16 & 0xff));
         addImage(image, placement, QPainter::CompositionMode_SourceOver);
         return;
     case U_EMR_TRANSPARENTBLT:
-        clearColour(image, rgbOf(readU32(rec, 40)));
+        clearColour(image, colourOf(b.transparent).rgb());
         addImage(image, placement, QPainter::CompositionMode_SourceOver);
         return;
     case U_EMR_MASKBLT: {
-        const DibLocation maskAt = locate(rec, 112, readU32(rec, 108));
-        QImage mask = maskAt.headerBytes ? bitmap(rec, size, maskAt, false) : QImage();
+        QImage mask = b.mask.headerBytes ? bitmap(rec, size, b.mask, false) : QImage();
         if (!mask.isNull()) {
             // Where the part starts in the mask, in 64 bits: the fields may be anything.
-            const std::int64_t x = std::int64_t(readI32(rec, 100)) + part.x() - readI32(rec, l.src);
-            const std::int64_t y = std::int64_t(readI32(rec, 104)) + part.y() - readI32(rec, l.src + 4);
+            const std::int64_t x = std::int64_t(b.maskAt.x()) + part.x() - std::int64_t(src.x());
+            const std::int64_t y = std::int64_t(b.maskAt.y()) + part.y() - std::int64_t(src.y());
             const bool reachable = std::abs(x) < (1 << 30) && std::abs(y) < (1 << 30);
             mask = reachable ? mask.copy(QRect(int(x), int(y), part.width(), part.height())) : QImage();
         }
         const QImage* maskPtr = mask.isNull() ? nullptr : &mask;
-        for (RasterLayer& layer : rasterLayers(image, dc_.brush.color.rgb(), ropIndex(rop), maskPtr,
-                                               std::uint8_t(rop >> 24)))
+        for (RasterLayer& layer : rasterLayers(image, dc_.brush.color.rgb(), ropIndex(b.rop), maskPtr,
+                                               std::uint8_t(b.rop >> 24)))
             addImage(layer.image, placement, layer.mode);
         return;
     }
     default: {
-        const std::vector<RasterLayer> layers = rasterLayers(image, dc_.brush.color.rgb(), ropIndex(rop));
+        const std::vector<RasterLayer> layers = rasterLayers(image, dc_.brush.color.rgb(), ropIndex(b.rop));
         // Layers beyond the first are bitmaps of their own.
         const std::int64_t extra = std::int64_t(layers.size() - 1) * image.width() * image.height();
         if (bitmapPixels_ + extra > kMaxPicturePixels)
@@ -210,10 +143,10 @@ void Player::patternBlt(const QRectF& logical, std::uint32_t rop)
     }
 }
 
-BrushObject Player::patternBrush(const char* rec, std::uint32_t size)
+BrushObject Player::patternBrush(const char* rec, std::uint32_t size, const DibLocation& where)
 {
     BrushObject brush;
-    brush.pattern = bitmap(rec, size, locate(rec, 16, readU32(rec, 12)), false);
+    brush.pattern = bitmap(rec, size, where, false);
     if (brush.pattern.isNull())
         brush.visible = false;
     return brush;
@@ -221,38 +154,14 @@ BrushObject Player::patternBrush(const char* rec, std::uint32_t size)
 
 void Player::addImage(const QImage& image, const QTransform& placement, QPainter::CompositionMode mode)
 {
-    const double det = placement.determinant();
-    if (!std::isfinite(det) || std::abs(det) < 1e-12)
+    if (!std::isfinite(placement.determinant()) || linearScale(placement) <= kMinScale)
         return;  // squashed flat: nothing to see
-    DrawOp op;
-    op.image = image;
-    op.placement = placement;
-    op.composition = mode;
-    op.path.addRect(placement.mapRect(QRectF(image.rect())));
-    placeOp(std::move(op));
+    emitOp(out_.ops, {ImageOp{image, placement}, {}, mode}, dc_.clip);
 }
 
 void Player::addFill(const QPainterPath& devicePath, const QBrush& brush, QPainter::CompositionMode mode)
 {
-    DrawOp op;
-    op.path = devicePath;
-    op.filled = true;
-    op.brush = brush;
-    op.composition = mode;
-    placeOp(std::move(op));
-}
-
-void Player::placeOp(DrawOp op)
-{
-    const QRectF box = op.path.controlPointRect();
-    const double edges[] = {box.left(), box.right(), box.top(), box.bottom()};
-    for (double v : edges)
-        if (!std::isfinite(v) || std::abs(v) > kMaxCoordinate)
-            return;
-    op.clipped = dc_.clipped;
-    if (op.clipped)
-        op.clip = dc_.clip;
-    out_.ops.push_back(std::move(op));
+    emitOp(out_.ops, {ShapeOp{devicePath, brush, std::nullopt}, {}, mode}, dc_.clip);
 }
 
 }  // namespace emf

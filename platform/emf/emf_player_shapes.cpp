@@ -12,78 +12,47 @@ namespace emf {
 // type is the 32-bit record's type for both point sizes.
 void Player::polyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
 {
-    const std::uint32_t count = readU32(rec, 24);
-    std::vector<QPointF> pts = readPoints(rec, 28, count, sixteenBit);
+    std::vector<QPointF> pts = readPoly(rec, sixteenBit);
     const QTransform t = toDevice();
     for (QPointF& p : pts)
         p = t.map(p);
-
-    switch (type) {
-    case U_EMR_POLYGON: {
-        if (pts.size() < 2)
-            return;
-        QPainterPath path;
-        path.addPolygon(QPolygonF(QList<QPointF>(pts.begin(), pts.end())));
-        path.closeSubpath();
-        shape(path, true, true);
+    // The "to" forms continue from the current position; the others start
+    // at their first point. Béziers take three points a curve.
+    const bool bezier = type == U_EMR_POLYBEZIER || type == U_EMR_POLYBEZIERTO;
+    const bool fromPosition = type == U_EMR_POLYLINETO || type == U_EMR_POLYBEZIERTO;
+    const std::size_t first = fromPosition ? 0 : 1;
+    if (pts.size() <= first || (bezier && (pts.size() - first) % 3 != 0))
         return;
-    }
-    case U_EMR_POLYLINE: {
-        if (pts.size() < 2)
-            return;
-        QPainterPath path;
-        path.addPolygon(QPolygonF(QList<QPointF>(pts.begin(), pts.end())));
-        openShape(path);
-        return;
-    }
-    case U_EMR_POLYBEZIER: {
-        if (pts.size() < 4 || (pts.size() - 1) % 3 != 0)
-            return;
-        QPainterPath path(pts[0]);
-        for (std::size_t i = 1; i + 2 < pts.size(); i += 3)
-            path.cubicTo(pts[i], pts[i + 1], pts[i + 2]);
-        openShape(path);
-        return;
-    }
-    case U_EMR_POLYLINETO: {
-        if (pts.empty())
-            return;
-        QPainterPath scratch;
-        QPainterPath& p = figureFromPosition(scratch);
-        for (const QPointF& q : pts)
-            p.lineTo(q);
-        dc_.position = pts.back();
-        finishOpenFigure(scratch);
-        return;
-    }
-    case U_EMR_POLYBEZIERTO: {
-        if (pts.empty() || pts.size() % 3 != 0)
-            return;
-        QPainterPath scratch;
-        QPainterPath& p = figureFromPosition(scratch);
-        for (std::size_t i = 0; i + 2 < pts.size(); i += 3)
+    QPainterPath scratch;
+    QPainterPath& p = fromPosition ? figureFromPosition(scratch) : scratch;
+    if (!fromPosition)
+        p.moveTo(pts[0]);
+    for (std::size_t i = first; i < pts.size(); i += bezier ? 3 : 1) {
+        if (bezier)
             p.cubicTo(pts[i], pts[i + 1], pts[i + 2]);
+        else
+            p.lineTo(pts[i]);
+    }
+    if (fromPosition) {
         dc_.position = pts.back();
         finishOpenFigure(scratch);
-        return;
-    }
-    default:
-        return;
+    } else if (type == U_EMR_POLYGON) {
+        p.closeSubpath();
+        figure(p, false);
+    } else {
+        figure(p, true);
     }
 }
 
 void Player::polyPolyRecord(std::uint32_t type, const char* rec, bool sixteenBit)
 {
-    const std::uint32_t polys = readU32(rec, 24);
-    const std::uint32_t count = readU32(rec, 28);
-    const std::size_t pointsAt = 32 + 4 * std::size_t(polys);
-    std::vector<QPointF> pts = readPoints(rec, pointsAt, count, sixteenBit);
+    const PolyPolyRecord r = readPolyPoly(rec, sixteenBit);
+    const std::vector<QPointF>& pts = r.points;
     const QTransform t = toDevice();
     const bool closed = type == U_EMR_POLYPOLYGON || type == U_EMR_POLYPOLYGON16;
     QPainterPath path;
     std::size_t next = 0;
-    for (std::uint32_t i = 0; i < polys; ++i) {
-        const std::uint32_t n = readU32(rec, 32 + 4 * std::size_t(i));
+    for (const std::uint32_t n : r.counts) {
         if (n >= 2) {
             path.moveTo(t.map(pts[next]));
             for (std::uint32_t k = 1; k < n; ++k)
@@ -94,7 +63,7 @@ void Player::polyPolyRecord(std::uint32_t type, const char* rec, bool sixteenBit
         next += n;  // the counts add up to the points: checked on load
     }
     if (closed)
-        shape(path, true, true);
+        figure(path, false);
     else if (inPath_)
         path_.addPath(path);
     else
@@ -103,18 +72,18 @@ void Player::polyPolyRecord(std::uint32_t type, const char* rec, bool sixteenBit
 
 void Player::polyDrawRecord(const char* rec, bool sixteenBit)
 {
-    const std::uint32_t count = readU32(rec, 24);
-    std::vector<QPointF> pts = readPoints(rec, 28, count, sixteenBit);
-    const char* kinds = rec + 28 + std::size_t(count) * (sixteenBit ? 4 : 8);
+    const PolyDrawRecord r = readPolyDraw(rec, sixteenBit);
+    const std::vector<QPointF>& pts = r.points;
+    const std::vector<std::uint8_t>& kinds = r.kinds;
+    const std::size_t count = pts.size();
     const QTransform t = toDevice();
     QPainterPath scratch;
     QPainterPath& p = inPath_ ? path_ : scratch;
     if (!inPath_ || !figureOpen_)
         p.moveTo(dc_.position);
-    for (std::uint32_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         const QPointF q = t.map(pts[i]);
-        const std::uint8_t kind = std::uint8_t(kinds[i]);
-        switch (kind & ~U_PT_CLOSEFIGURE) {
+        switch (kinds[i] & ~U_PT_CLOSEFIGURE) {
         case U_PT_MOVETO: p.moveTo(q); break;
         case U_PT_LINETO: p.lineTo(q); break;
         case U_PT_BEZIERTO:
@@ -136,58 +105,54 @@ void Player::polyDrawRecord(const char* rec, bool sixteenBit)
 
 void Player::boxRecord(std::uint32_t type, const char* rec)
 {
-    const QRectF box = boxRect(rec, 8);
+    QRectF box = boxOf(recordAs<U_EMRRECTANGLE>(rec).rclBox);
+    // An inside-frame pen shrinks the figure so that its outline stays
+    // within the box.
+    const double half = dc_.pen.width / 2;
+    if (dc_.pen.insideFrame && dc_.pen.visible && !inPath_ && std::abs(box.width()) > 2 * half &&
+        std::abs(box.height()) > 2 * half)
+        box = box.normalized().adjusted(half, half, -half, -half);
     QPainterPath logical;
     const QTransform t = toDevice();
     switch (type) {
     case U_EMR_RECTANGLE:
-        // An outlined rectangle leaves out its right and bottom edges: its
-        // outline runs along the last pixels inside, so a border drawn on
-        // the picture's frame stays within it.
-        if (!inPath_ && dc_.pen.visible && t.m12() == 0 && t.m21() == 0) {
-            QRectF device = t.mapRect(box).normalized();
-            if (device.width() > 1 && device.height() > 1)
-                device.adjust(0, 0, -1, -1);
-            QPainterPath path;
-            path.addRect(device);
-            shape(path, true, true);
-            return;
-        }
         logical.addRect(box);
         break;
     case U_EMR_ELLIPSE:
         logical.addEllipse(box);
         break;
     case U_EMR_ROUNDRECT: {
-        const double rx = std::min(std::abs(double(readI32(rec, 24))) / 2, box.width() / 2);
-        const double ry = std::min(std::abs(double(readI32(rec, 28))) / 2, box.height() / 2);
+        const U_SIZEL corner = recordAs<U_EMRROUNDRECT>(rec).szlCorner;
+        const double rx = std::min(std::abs(double(corner.cx)) / 2, box.width() / 2);
+        const double ry = std::min(std::abs(double(corner.cy)) / 2, box.height() / 2);
         logical.addRoundedRect(box, rx, ry);
         break;
     }
     default:
         return;
     }
-    shape(t.map(logical), true, true);
+    figure(t.map(logical), false);
 }
 
 void Player::arcRecord(std::uint32_t type, const char* rec)
 {
-    const QRectF box = boxRect(rec, 8);
-    const QPointF start(readI32(rec, 24), readI32(rec, 28));
-    const QPointF end(readI32(rec, 32), readI32(rec, 36));
+    const U_EMRARC r = recordAs<U_EMRARC>(rec);
+    const QRectF box = boxOf(r.rclBox);
+    const QPointF start = pointOf(r.ptlStart);
+    const QPointF end = pointOf(r.ptlEnd);
     const QTransform t = toDevice();
     const bool cw = dc_.clockwiseArcs;
     switch (type) {
     case U_EMR_ARC: {
         const QPainterPath arc = t.map(arcFigure(box, start, end, ArcKind::Open, cw));
-        openShape(arc);
+        figure(arc, true);
         return;
     }
     case U_EMR_CHORD:
-        shape(t.map(arcFigure(box, start, end, ArcKind::Chord, cw)), true, true);
+        figure(t.map(arcFigure(box, start, end, ArcKind::Chord, cw)), false);
         return;
     case U_EMR_PIE:
-        shape(t.map(arcFigure(box, start, end, ArcKind::Pie, cw)), true, true);
+        figure(t.map(arcFigure(box, start, end, ArcKind::Pie, cw)), false);
         return;
     case U_EMR_ARCTO: {
         QPainterPath scratch;
@@ -205,11 +170,12 @@ void Player::arcRecord(std::uint32_t type, const char* rec)
 
 void Player::angleArcRecord(const char* rec)
 {
-    const QPointF centre(readI32(rec, 8), readI32(rec, 12));
-    const double radius = readU32(rec, 16);
-    const double startAngle = readF32(rec, 20);
-    const double sweep = readF32(rec, 24);
-    if (!std::isfinite(startAngle) || !std::isfinite(sweep) || radius > kMaxCoordinate)
+    const U_EMRANGLEARC r = recordAs<U_EMRANGLEARC>(rec);
+    const QPointF centre = pointOf(r.ptlCenter);
+    const double radius = r.nRadius;
+    const double startAngle = r.eStartAngle;
+    const double sweep = r.eSweepAngle;
+    if (!std::isfinite(startAngle) || !std::isfinite(sweep) || radius > kMaxReach)
         return;
     const QRectF box(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
     QPainterPath arc;
@@ -225,7 +191,7 @@ void Player::angleArcRecord(const char* rec)
 
 void Player::lineTo(const char* rec)
 {
-    const QPointF to = toDevice().map(QPointF(readI32(rec, 8), readI32(rec, 12)));
+    const QPointF to = toDevice().map(pointOf(recordAs<U_EMRLINETO>(rec).ptl));
     QPainterPath scratch;
     QPainterPath& p = figureFromPosition(scratch);
     p.lineTo(to);

@@ -12,17 +12,6 @@ namespace emf {
 
 namespace {
 
-constexpr std::size_t kMaxSavedStates = 4096;
-
-bool usableTransform(const QTransform& t)
-{
-    const double parts[] = {t.m11(), t.m12(), t.m21(), t.m22(), t.dx(), t.dy()};
-    for (double v : parts)
-        if (!std::isfinite(v) || std::abs(v) > 1e9)
-            return false;
-    return std::abs(t.m11() * t.m22() - t.m12() * t.m21()) > 1e-12;
-}
-
 QTransform fromXform(const U_XFORM& x)
 {
     return QTransform(x.eM11, x.eM12, x.eM21, x.eM22, x.eDx, x.eDy);
@@ -32,18 +21,16 @@ QTransform fromXform(const U_XFORM& x)
 
 void Player::combineClip(const QPainterPath& region, std::uint32_t mode)
 {
-    const QPainterPath current = dc_.clipped ? dc_.clip : everything_;
-    QPainterPath next;
+    ClipCombine how;
     switch (mode) {
-    case U_RGN_AND: next = current.intersected(region); break;
-    case U_RGN_OR: next = current.united(region); break;
-    case U_RGN_XOR: next = current.united(region).subtracted(current.intersected(region)); break;
-    case U_RGN_DIFF: next = current.subtracted(region); break;
-    case U_RGN_COPY: next = region; break;
+    case U_RGN_AND: how = ClipCombine::Intersect; break;
+    case U_RGN_OR: how = ClipCombine::Unite; break;
+    case U_RGN_XOR: how = ClipCombine::Xor; break;
+    case U_RGN_DIFF: how = ClipCombine::Exclude; break;
+    case U_RGN_COPY: how = ClipCombine::Replace; break;
     default: return;
     }
-    dc_.clip = next;
-    dc_.clipped = true;
+    dc_.clip = combinedClip(dc_.clip, out_.frame, region, how);
 }
 
 void Player::clipRecord(std::uint32_t type, const char* rec)
@@ -51,7 +38,7 @@ void Player::clipRecord(std::uint32_t type, const char* rec)
     switch (type) {
     case U_EMR_INTERSECTCLIPRECT: case U_EMR_EXCLUDECLIPRECT: {
         QPainterPath box;
-        box.addRect(boxRect(rec, 8));
+        box.addRect(boxOf(recordAs<U_EMRINTERSECTCLIPRECT>(rec).rclClip));
         combineClip(toDevice().map(box),
                     type == U_EMR_INTERSECTCLIPRECT ? U_RGN_AND : U_RGN_DIFF);
         return;
@@ -59,28 +46,20 @@ void Player::clipRecord(std::uint32_t type, const char* rec)
     case U_EMR_SELECTCLIPPATH:
         if (inPath_)
             return;
-        combineClip(path_, readU32(rec, 8));
+        combineClip(path_, argumentOf(rec));
         path_ = QPainterPath();
         return;
     case U_EMR_EXTSELECTCLIPRGN: {
-        const std::uint32_t bytes = readU32(rec, 8);
-        const std::uint32_t mode = readU32(rec, 12);
-        if (bytes == 0) {
-            if (mode == U_RGN_COPY)
-                dc_.clipped = false;  // back to no clip
+        const ClipRegionRecord r = readClipRegion(rec);
+        if (r.empty) {
+            if (r.mode == U_RGN_COPY)
+                dc_.clip.reset();  // back to no clip
             return;
         }
-        if (bytes < sizeof(U_RGNDATAHEADER))
-            return;
-        const std::uint64_t rects = readU32(rec, 16 + 8);
-        if (sizeof(U_RGNDATAHEADER) + 16 * rects > bytes)
-            return;
-        // Region rectangles are in device pixels already.
-        QPainterPath region;
-        region.setFillRule(Qt::WindingFill);
-        for (std::uint64_t i = 0; i < rects; ++i)
-            region.addRect(boxRect(rec, 16 + sizeof(U_RGNDATAHEADER) + 16 * i));
-        combineClip(region.simplified(), mode);
+        // Region rectangles are in device pixels already; damaged data
+        // changes nothing.
+        if (r.region)
+            combineClip(*r.region, r.mode);
         return;
     }
     default:
@@ -95,11 +74,14 @@ bool Player::scalableMapping() const
 
 void Player::mappingRecord(std::uint32_t type, const char* rec)
 {
-    const std::int32_t a = readI32(rec, 8);
-    const std::int32_t b = readI32(rec, 12);
+    // Extents, origins and scale factors are all pairs after the record's
+    // header; SetMapMode has its one mode there.
+    const U_POINTL pair = fieldAt<U_POINTL>(rec, sizeof(U_EMR));
+    const std::int32_t a = pair.x;
+    const std::int32_t b = pair.y;
     switch (type) {
     case U_EMR_SETMAPMODE: {
-        const std::uint32_t mode = std::uint32_t(a);
+        const std::uint32_t mode = argumentOf(rec);
         if (mode < U_MM_MIN || mode > U_MM_MAX)
             return;
         if (mode == U_MM_ISOTROPIC || mode == U_MM_ANISOTROPIC)
@@ -122,12 +104,11 @@ void Player::mappingRecord(std::uint32_t type, const char* rec)
         dc_.viewportOrg = QPointF(a, b);
         return;
     case U_EMR_SCALEWINDOWEXTEX: case U_EMR_SCALEVIEWPORTEXTEX: {
-        const std::int32_t c = readI32(rec, 16);
-        const std::int32_t d = readI32(rec, 20);
-        if (!scalableMapping() || a == 0 || b == 0 || c == 0 || d == 0)
+        const auto r = recordAs<U_EMRSCALEWINDOWEXTEX>(rec);
+        if (!scalableMapping() || r.xNum == 0 || r.xDenom == 0 || r.yNum == 0 || r.yDenom == 0)
             return;
         QSizeF& ext = type == U_EMR_SCALEWINDOWEXTEX ? dc_.windowExt : dc_.viewportExt;
-        ext = QSizeF(ext.width() * a / b, ext.height() * c / d);
+        ext = QSizeF(ext.width() * r.xNum / r.xDenom, ext.height() * r.yNum / r.yDenom);
         return;
     }
     default:
@@ -137,14 +118,12 @@ void Player::mappingRecord(std::uint32_t type, const char* rec)
 
 void Player::worldRecord(std::uint32_t type, const char* rec)
 {
-    U_XFORM x;
-    std::memcpy(&x, rec + 8, sizeof x);
-    const QTransform m = fromXform(x);
+    const QTransform m = fromXform(recordAs<U_EMRSETWORLDTRANSFORM>(rec).xform);
     QTransform next;
     if (type == U_EMR_SETWORLDTRANSFORM) {
         next = m;
     } else {
-        switch (readU32(rec, 8 + sizeof x)) {
+        switch (recordAs<U_EMRMODIFYWORLDTRANSFORM>(rec).iMode) {
         case U_MWT_IDENTITY: next = QTransform(); break;
         case U_MWT_LEFTMULTIPLY: next = m * dc_.world; break;
         case U_MWT_RIGHTMULTIPLY: next = dc_.world * m; break;
@@ -165,7 +144,7 @@ void Player::stateRecord(std::uint32_t type, const char* rec)
         return;
     case U_EMR_RESTOREDC: {
         // Negative: that many levels back; positive: that saved level.
-        const std::int64_t n = readI32(rec, 8);
+        const std::int64_t n = recordAs<U_EMRRESTOREDC>(rec).iRelative;
         const std::int64_t depth = std::int64_t(saved_.size());
         const std::int64_t level = n < 0 ? depth + n + 1 : n;
         if (level < 1 || level > depth)
@@ -175,28 +154,28 @@ void Player::stateRecord(std::uint32_t type, const char* rec)
         return;
     }
     case U_EMR_SETPOLYFILLMODE:
-        dc_.windingFill = readU32(rec, 8) == U_WINDING;
+        dc_.windingFill = argumentOf(rec) == U_WINDING;
         return;
     case U_EMR_SETARCDIRECTION:
-        dc_.clockwiseArcs = readU32(rec, 8) == U_AD_CLOCKWISE;
+        dc_.clockwiseArcs = argumentOf(rec) == U_AD_CLOCKWISE;
         return;
     case U_EMR_SETMITERLIMIT: {
         // Written as an integer by some programs, as a float by others.
-        const std::uint32_t bits = readU32(rec, 8);
-        const float f = readF32(rec, 8);
+        const std::uint32_t bits = argumentOf(rec);
+        const float f = fieldAt<float>(rec, offsetof(U_EMRSETMITERLIMIT, eMiterLimit));
         const double limit = bits < 0x10000 ? double(bits) : double(f);
         if (std::isfinite(limit) && limit >= 1 && limit < 1000)
             dc_.miterLimit = limit;
         return;
     }
     case U_EMR_SETROP2: {
-        const std::uint32_t mix = readU32(rec, 8);
+        const std::uint32_t mix = argumentOf(rec);
         if (mix >= U_R2_BLACK && mix <= U_R2_WHITE)
             dc_.mix = mix;
         return;
     }
     case U_EMR_MOVETOEX:
-        dc_.position = toDevice().map(QPointF(readI32(rec, 8), readI32(rec, 12)));
+        dc_.position = toDevice().map(pointOf(recordAs<U_EMRMOVETOEX>(rec).ptl));
         figureOpen_ = false;
         return;
     default:
@@ -216,7 +195,9 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
     case U_EMR_EXTCREATEPEN: {
         U_EXTLOGPEN lp{};
         std::memcpy(&lp, rec + offsetof(U_EMREXTCREATEPEN, elp), U_SIZE_EXTLOGPEN);
-        objects_.create(readU32(rec, 8), penFromExtLogPen(lp));
+        objects_.create(recordAs<U_EMREXTCREATEPEN>(rec).ihPen,
+                        penFromExtLogPen(lp, rec + offsetof(U_EMREXTCREATEPEN, elp) +
+                                                 offsetof(U_EXTLOGPEN, elpStyleEntry)));
         return;
     }
     case U_EMR_CREATEBRUSHINDIRECT: {
@@ -226,19 +207,19 @@ void Player::objectRecord(std::uint32_t type, const char* rec, std::uint32_t siz
         return;
     }
     case U_EMR_CREATEMONOBRUSH: case U_EMR_CREATEDIBPATTERNBRUSHPT: {
-        objects_.create(readU32(rec, 8), patternBrush(rec, size));
+        const PatternBrushRecord r = readPatternBrush(rec);
+        objects_.create(r.index, patternBrush(rec, size, r.bitmap));
         return;
     }
     case U_EMR_CREATEPALETTE:
     case U_EMR_CREATECOLORSPACE: case U_EMR_CREATECOLORSPACEW:
-        if (size >= 12)
-            objects_.create(readU32(rec, 8), OtherObject{});
+        objects_.create(argumentOf(rec), OtherObject{});
         return;
     case U_EMR_SELECTOBJECT:
-        objects_.select(readU32(rec, 8), dc_);
+        objects_.select(argumentOf(rec), dc_);
         return;
     case U_EMR_DELETEOBJECT:
-        objects_.remove(readU32(rec, 8));
+        objects_.remove(argumentOf(rec));
         return;
     default:
         return;

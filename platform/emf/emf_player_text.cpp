@@ -16,8 +16,6 @@ namespace emf {
 
 namespace {
 
-// Outlines a picture may draw in all; the rest of its text is left out.
-constexpr std::size_t kMaxGlyphs = 200000;
 // A font this many device pixels high when the record leaves the height to
 // the device.
 constexpr double kDefaultFontPixels = 12;
@@ -34,22 +32,6 @@ bool isStandInSquare(const QPainterPath& glyph)
            std::abs(box.height() - (kDesignPixels - 3)) < 0.01;
 }
 
-bool withinReach(const QPainterPath& path)
-{
-    const QRectF box = path.controlPointRect();
-    const double edges[] = {box.left(), box.right(), box.top(), box.bottom()};
-    for (double e : edges)
-        if (!std::isfinite(e) || std::abs(e) > kMaxCoordinate)
-            return false;
-    return true;
-}
-
-QColor colourAt(const char* rec, std::size_t at)
-{
-    const auto* c = reinterpret_cast<const unsigned char*>(rec + at);
-    return QColor(c[0], c[1], c[2]);
-}
-
 }  // namespace
 
 void Player::textStateRecord(std::uint32_t type, const char* rec, std::uint32_t size)
@@ -59,14 +41,12 @@ void Player::textStateRecord(std::uint32_t type, const char* rec, std::uint32_t 
             objects_.create(font->first, font->second);
         return;
     }
-    if (size < 12)
-        return;
     switch (type) {
-    case U_EMR_SETTEXTALIGN: dc_.textAlign = readU32(rec, 8); return;
-    case U_EMR_SETTEXTCOLOR: dc_.textColor = colourAt(rec, 8); return;
-    case U_EMR_SETBKCOLOR: dc_.backgroundColor = colourAt(rec, 8); return;
+    case U_EMR_SETTEXTALIGN: dc_.textAlign = argumentOf(rec); return;
+    case U_EMR_SETTEXTCOLOR: dc_.textColor = colourOf(argumentOf(rec)); return;
+    case U_EMR_SETBKCOLOR: dc_.backgroundColor = colourOf(argumentOf(rec)); return;
     case U_EMR_SETBKMODE: {
-        const std::uint32_t mode = readU32(rec, 8);
+        const std::uint32_t mode = argumentOf(rec);
         if (mode == U_TRANSPARENT || mode == U_OPAQUE)
             dc_.opaqueBackground = mode == U_OPAQUE;
         return;
@@ -84,17 +64,11 @@ void Player::textRecord(std::uint32_t type, const char* rec, std::uint32_t size)
 
 void Player::addTextFill(const QPainterPath& devicePath, const QColor& colour)
 {
-    if (devicePath.isEmpty() || !withinReach(devicePath))
+    if (devicePath.isEmpty())
         return;
-    DrawOp op;
-    op.path = devicePath;
-    op.path.setFillRule(Qt::WindingFill);
-    op.filled = true;
-    op.brush = QBrush(colour);
-    op.clipped = dc_.clipped;
-    if (op.clipped)
-        op.clip = dc_.clip;
-    out_.ops.push_back(std::move(op));
+    ShapeOp fill{devicePath, QBrush(colour), std::nullopt};
+    fill.path.setFillRule(Qt::WindingFill);
+    emitOp(out_.ops, {std::move(fill), {}, QPainter::CompositionMode_SourceOver}, dc_.clip);
 }
 
 void Player::drawText(const TextRun& run)
@@ -131,7 +105,7 @@ void Player::drawText(const TextRun& run)
     double stretch = 1;
     if (f.width > 0 && font.averageWidth > 0)
         stretch = std::clamp(f.width * sx / (font.averageWidth * scale), 0.05, 20.0);
-    if (!std::isfinite(scale) || scale <= 0 || scale * kDesignPixels > kMaxCoordinate)
+    if (!std::isfinite(scale) || scale <= 0 || scale * kDesignPixels > kMaxReach)
         return;
 
     // The escapement turns the baseline counterclockwise in logical units
@@ -222,12 +196,10 @@ void Player::drawText(const TextRun& run)
         cell.addRect(QRectF(0, -ascent, width, ascent + descent));
         addTextFill(place.map(cell), dc_.backgroundColor);
     }
-    const bool clipped = dc_.clipped;
-    const QPainterPath clip = dc_.clip;
+    const std::optional<QPainterPath> clip = dc_.clip;
     if ((run.options & U_ETO_CLIPPED) && !rect.isEmpty())
         combineClip(rect, U_RGN_AND);
     addTextFill(glyphsOnPage, dc_.textColor);
-    dc_.clipped = clipped;
     dc_.clip = clip;
 }
 

@@ -2,9 +2,8 @@
 #include "platform/emf/emf_plus_objects.h"
 
 #include "platform/emf/emf_dib.h"
+#include "platform/emf/emf_limits.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QLinearGradient>
 
 #include <cmath>
@@ -13,9 +12,6 @@
 namespace emf::plus {
 
 namespace {
-
-// No record holds more points than this; longer counts are damage.
-constexpr std::uint32_t kMaxPoints = 1u << 20;
 
 enum ObjectType { kBrush = 1, kPen, kPath, kRegion, kImage, kFont, kStringFormat };
 
@@ -40,8 +36,7 @@ std::optional<Object> readPen(Reader& r)
     const std::uint32_t flags = r.u32();
     const std::uint32_t unit = r.u32();
     pen.width = sane(r.f32());
-    if (unit != 0 && unit != 2)  // points, inches and so on: roughly, at 96 dpi
-        pen.width *= unit == 3 ? 96.0 / 72 : unit == 4 ? 96 : unit == 5 ? 96.0 / 300 : unit == 6 ? 96 / 25.4 : 1;
+    pen.width *= unitScale(unit, 96);  // roughly: the pen does not know the device
     if (flags & 0x01)
         r.skip(24);  // the pen's own transform
     if (flags & 0x02)
@@ -99,10 +94,11 @@ std::optional<Object> readPath(Reader& r)
 {
     const std::uint32_t count = r.u32();
     const std::uint32_t flags = r.u32();
-    if (count > kMaxPoints)
+    if (count > kMaxPlusPoints)
         return std::nullopt;
-    const auto points = readPoints(r, count, flags & 0x4000, flags & 0x0800);
-    if (!points || r.left() < count || (flags & 0x1000))  // run-length types are not read
+    constexpr std::uint32_t kRunLengthTypes = 0x1000;  // not read
+    const auto points = readPoints(r, count, flags & flag::kCompressed, flags & flag::kRelative);
+    if (!points || r.left() < count || (flags & kRunLengthTypes))
         return std::nullopt;
     const auto* types = reinterpret_cast<const std::uint8_t*>(r.here());
     Path out;
@@ -138,18 +134,14 @@ std::optional<Object> readImage(Reader& r, std::int64_t* pixelsUsed)
         return std::nullopt;
     QImage image;
     if (kind == 1) {  // a compressed file: PNG, JPEG, GIF...
-        QByteArray bytes = QByteArray::fromRawData(r.here(), qsizetype(r.left()));
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::ReadOnly);
-        QImageReader reader(&buffer);
-        const QSize size = reader.size();
-        if (!size.isValid() || std::int64_t(size.width()) * size.height() + *pixelsUsed > kMaxPicturePixels)
-            return std::nullopt;
-        image = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        image = decodeEncoded(r.here(), r.left(), kMaxPicturePixels - *pixelsUsed);
     } else {
-        const int bytesPerPixel = format == 0x26200a || format == 0xe200b || format == 0x22009 ? 4
-                                  : format == 0x21808                                       ? 3
-                                                                                            : 0;
+        // The pixel formats drawn: 32-bit with alpha, premultiplied or not,
+        // or without, and 24-bit.
+        enum : std::uint32_t { kArgb = 0x26200a, kPremultiplied = 0xe200b, kRgb32 = 0x22009, kRgb24 = 0x21808 };
+        const int bytesPerPixel = format == kArgb || format == kPremultiplied || format == kRgb32 ? 4
+                                  : format == kRgb24                                              ? 3
+                                                                                                  : 0;
         if (bytesPerPixel == 0 || w <= 0 || h <= 0 || w * h + *pixelsUsed > kMaxPicturePixels ||
             stride < w * bytesPerPixel || std::uint64_t(stride) * std::uint64_t(h) > r.left())
             return std::nullopt;
@@ -162,10 +154,10 @@ std::optional<Object> readImage(Reader& r, std::int64_t* pixelsUsed)
             const std::uint8_t* row = px + y * stride;
             for (std::int64_t x = 0; x < w; ++x) {
                 const std::uint8_t* p = row + x * bytesPerPixel;
-                QRgb c = qRgba(p[2], p[1], p[0], bytesPerPixel == 4 && format != 0x22009 ? p[3] : 255);
-                if (format == 0x26200a)
+                QRgb c = qRgba(p[2], p[1], p[0], bytesPerPixel == 4 && format != kRgb32 ? p[3] : 255);
+                if (format == kArgb)
                     c = qPremultiply(c);
-                else if (format == 0xe200b)  // premultiplied already: keep it consistent
+                else if (format == kPremultiplied)  // premultiplied already: keep it consistent
                     c = qRgba(std::min(qRed(c), qAlpha(c)), std::min(qGreen(c), qAlpha(c)),
                               std::min(qBlue(c), qAlpha(c)), qAlpha(c));
                 out[x] = c;
@@ -180,53 +172,15 @@ std::optional<Object> readImage(Reader& r, std::int64_t* pixelsUsed)
 
 }  // namespace
 
-std::uint32_t Reader::u32()
+double unitScale(std::uint32_t unit, double dpi)
 {
-    if (!need(4))
-        return 0;
-    std::uint32_t v;
-    std::memcpy(&v, data_ + at_, 4);
-    at_ += 4;
-    return v;
-}
-
-std::int16_t Reader::i16()
-{
-    if (!need(2))
-        return 0;
-    std::int16_t v;
-    std::memcpy(&v, data_ + at_, 2);
-    at_ += 2;
-    return v;
-}
-
-float Reader::f32()
-{
-    const std::uint32_t bits = u32();
-    float v;
-    std::memcpy(&v, &bits, 4);
-    return v;
-}
-
-bool Reader::skip(std::size_t bytes)
-{
-    if (!need(bytes))
-        return false;
-    at_ += bytes;
-    return true;
-}
-
-bool Reader::need(std::size_t bytes)
-{
-    if (ok_ && bytes <= size_ - at_)
-        return true;
-    ok_ = false;
-    return false;
-}
-
-double sane(float v)
-{
-    return std::isfinite(v) && std::abs(v) < 1e9 ? double(v) : 0.0;
+    switch (unit) {
+    case 3: return dpi / 72;   // points
+    case 4: return dpi;        // inches
+    case 5: return dpi / 300;  // document units
+    case 6: return dpi / 25.4; // millimetres
+    default: return 1;
+    }
 }
 
 std::optional<QBrush> readBrush(Reader& r)
@@ -265,7 +219,7 @@ std::optional<QBrush> readBrush(Reader& r)
 
 std::optional<std::vector<QPointF>> readPoints(Reader& r, std::uint32_t count, bool compressed, bool relative)
 {
-    if (relative || count > kMaxPoints || std::uint64_t(count) * (compressed ? 4 : 8) > r.left())
+    if (relative || count > kMaxPlusPoints || std::uint64_t(count) * (compressed ? 4 : 8) > r.left())
         return std::nullopt;
     std::vector<QPointF> points(count);
     for (QPointF& p : points) {

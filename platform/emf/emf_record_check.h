@@ -41,11 +41,4 @@ struct CheckedMetafile {
 // record's end before they reject it.
 std::optional<CheckedMetafile> checkMetafile(const char* data, std::size_t size);
 
-// Reads a little-endian field of a record at byte offset `at`; the caller has
-// checked that it lies inside the record.
-std::uint32_t readU32(const char* record, std::size_t at);
-std::int32_t readI32(const char* record, std::size_t at);
-std::int16_t readI16(const char* record, std::size_t at);
-float readF32(const char* record, std::size_t at);
-
 }  // namespace emf

@@ -23,31 +23,6 @@ double radialAngle(const QRectF& box, QPointF p)
 
 }  // namespace
 
-std::vector<QPointF> readPoints(const char* record, std::size_t at, std::uint32_t count,
-                                bool sixteenBit)
-{
-    std::vector<QPointF> points;
-    points.reserve(count);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        if (sixteenBit)
-            points.emplace_back(readI16(record, at + 4 * std::size_t(i)),
-                                readI16(record, at + 4 * std::size_t(i) + 2));
-        else
-            points.emplace_back(readI32(record, at + 8 * std::size_t(i)),
-                                readI32(record, at + 8 * std::size_t(i) + 4));
-    }
-    return points;
-}
-
-QRectF boxRect(const char* record, std::size_t at)
-{
-    const double left = readI32(record, at);
-    const double top = readI32(record, at + 4);
-    const double right = readI32(record, at + 8);
-    const double bottom = readI32(record, at + 12);
-    return QRectF(QPointF(left, top), QPointF(right, bottom)).normalized();
-}
-
 QPointF pointOnEllipse(const QRectF& box, QPointF p)
 {
     const double a = radialAngle(box, p) * M_PI / 180;

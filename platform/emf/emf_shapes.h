@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
-// Geometry the records describe, built in logical units: point arrays, the
-// elliptic arcs of Arc, ArcTo, Chord and Pie, and AngleArc's circle arc.
+// The elliptic arcs of Arc, ArcTo, Chord and Pie, built in logical units.
 #include <QPainterPath>
 #include <QPointF>
 #include <QRectF>
@@ -11,13 +10,6 @@
 #include <vector>
 
 namespace emf {
-
-// `count` points starting at byte `at` of the record, 32-bit or 16-bit pairs.
-std::vector<QPointF> readPoints(const char* record, std::size_t at, std::uint32_t count,
-                                bool sixteenBit);
-
-// The rectangle of a box record, corners in any order.
-QRectF boxRect(const char* record, std::size_t at);
 
 enum class ArcKind { Open, Chord, Pie };
 

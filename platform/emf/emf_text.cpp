@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/emf/emf_text.h"
 
-#include "platform/emf/emf_record_check.h"
+#include "platform/emf/emf_limits.h"
+#include "platform/emf/emf_records.h"
 
 #include <uemf.h>
 
 #include <algorithm>
+#include <array>
 
 namespace emf {
 
@@ -13,17 +15,12 @@ namespace {
 
 // EMRTEXT: reference point, count, string offset, options, rectangle (left
 // out by some writers under ETO_NO_RECT), offset of the advances.
-constexpr std::size_t kEmrTextWithRect = 40;
-constexpr std::size_t kEmrTextWithoutRect = 24;
-
-QRectF rectAt(const char* rec, std::size_t at)
-{
-    const double l = readI32(rec, at);
-    const double t = readI32(rec, at + 4);
-    const double r = readI32(rec, at + 8);
-    const double b = readI32(rec, at + 12);
-    return QRectF(QPointF(l, t), QPointF(r, b)).normalized();
-}
+constexpr std::size_t kEmrTextWithoutRect = sizeof(U_EMRTEXT) + 4;
+constexpr std::size_t kEmrTextWithRect = kEmrTextWithoutRect + sizeof(U_RECTL);
+// ExtTextOut: bounds, graphics mode and scales, then one EMRTEXT;
+// PolyTextOut: the same, a count where the EMRTEXT starts, then the EMRTEXTs.
+constexpr std::size_t kExtTextAt = offsetof(U_EMREXTTEXTOUTW, emrtext);
+constexpr std::size_t kPolyTextsAt = kExtTextAt + 4;
 
 bool fits(std::uint64_t offset, std::uint64_t bytes, std::uint64_t size)
 {
@@ -55,28 +52,30 @@ bool readEmrText(const char* rec, std::uint64_t size, std::uint64_t at, bool wid
 {
     if (!fits(at, kEmrTextWithoutRect, size))
         return false;
-    run.reference = QPointF(readI32(rec, at), readI32(rec, at + 4));
-    const std::uint64_t count = readU32(rec, at + 8);
-    const std::uint64_t stringAt = readU32(rec, at + 12);
-    run.options = readU32(rec, at + 16);
-    std::uint64_t dxField = at + 20;
+    const auto text = fieldAt<U_EMRTEXT>(rec, std::size_t(at));
+    run.reference = pointOf(text.ptlReference);
+    const std::uint64_t count = text.nChars;
+    const std::uint64_t stringAt = text.offString;
+    run.options = text.fOptions;
+    std::uint64_t dxField = at + sizeof(U_EMRTEXT);
     if (!(run.options & U_ETO_NO_RECT)) {
         if (!fits(at, kEmrTextWithRect, size))
             return false;
         run.hasRect = true;
-        run.rect = rectAt(rec, std::size_t(at + 20));
-        dxField = at + 36;
+        run.rect = boxOf(fieldAt<U_RECTL>(rec, std::size_t(dxField)));
+        dxField += sizeof(U_RECTL);
     }
     if (!readString(rec, size, stringAt, count, wide, run.text))
         return false;
     // Advances that do not fit are left to the font rather than refused.
-    const std::uint64_t dxAt = readU32(rec, std::size_t(dxField));
+    const std::uint64_t dxAt = fieldAt<std::uint32_t>(rec, std::size_t(dxField));
     const std::uint64_t perChar = (run.options & U_ETO_PDY) ? 2 : 1;
     if (count != 0 && dxAt != 0 && fits(dxAt, 4 * perChar * count, size)) {
         run.advances.reserve(std::size_t(run.text.size()));
         for (qsizetype i = 0; i < run.text.size(); ++i) {
             const std::size_t at = std::size_t(dxAt + 4 * perChar * std::uint64_t(i));
-            run.advances.emplace_back(readI32(rec, at), perChar == 2 ? readI32(rec, at + 4) : 0);
+            const auto dx = fieldAt<std::array<std::int32_t, 2>>(rec, at);
+            run.advances.emplace_back(dx[0], perChar == 2 ? dx[1] : 0);
         }
     }
     return true;
@@ -89,22 +88,21 @@ std::vector<TextRun> textRuns(std::uint32_t type, const char* rec, std::uint32_t
     std::vector<TextRun> runs;
     switch (type) {
     case U_EMR_EXTTEXTOUTA: case U_EMR_EXTTEXTOUTW: {
-        // Bounds, graphics mode and scales, then one EMRTEXT.
         TextRun run;
-        if (readEmrText(rec, size, 36, type == U_EMR_EXTTEXTOUTW, run))
+        if (readEmrText(rec, size, kExtTextAt, type == U_EMR_EXTTEXTOUTW, run))
             runs.push_back(std::move(run));
         return runs;
     }
     case U_EMR_POLYTEXTOUTA: case U_EMR_POLYTEXTOUTW: {
-        if (size < 40)
+        if (size < kPolyTextsAt)
             return runs;
-        const std::uint64_t count = readU32(rec, 36);
-        if (!fits(40, kEmrTextWithRect * count, size))
+        const std::uint64_t count = fieldAt<std::uint32_t>(rec, kExtTextAt);
+        if (!fits(kPolyTextsAt, kEmrTextWithRect * count, size))
             return runs;
         for (std::uint64_t i = 0; i < count; ++i) {
             TextRun run;
             // Each EMRTEXT of a PolyTextOut has its rectangle.
-            if (readEmrText(rec, size, 40 + kEmrTextWithRect * i, type == U_EMR_POLYTEXTOUTW, run))
+            if (readEmrText(rec, size, kPolyTextsAt + kEmrTextWithRect * i, type == U_EMR_POLYTEXTOUTW, run))
                 runs.push_back(std::move(run));
         }
         return runs;
@@ -113,16 +111,17 @@ std::vector<TextRun> textRuns(std::uint32_t type, const char* rec, std::uint32_t
         if (size < U_SIZE_EMRSMALLTEXTOUT)
             return runs;
         TextRun run;
-        run.reference = QPointF(readI32(rec, 8), readI32(rec, 12));
-        const std::uint64_t count = readU32(rec, 16);
-        run.options = readU32(rec, 20);
+        const auto small = recordAs<U_EMRSMALLTEXTOUT>(rec);
+        run.reference = pointOf(small.Dest);
+        const std::uint64_t count = small.cChars;
+        run.options = small.fuOptions;
         std::uint64_t stringAt = U_SIZE_EMRSMALLTEXTOUT;
         if (!(run.options & U_ETO_NO_RECT)) {
-            if (!fits(stringAt, 16, size))
+            if (!fits(stringAt, sizeof(U_RECTL), size))
                 return runs;
             run.hasRect = true;
-            run.rect = rectAt(rec, std::size_t(stringAt));
-            stringAt += 16;
+            run.rect = boxOf(fieldAt<U_RECTL>(rec, std::size_t(stringAt)));
+            stringAt += sizeof(U_RECTL);
         }
         if (readString(rec, size, stringAt, count, !(run.options & U_ETO_SMALL_CHARS), run.text))
             runs.push_back(std::move(run));

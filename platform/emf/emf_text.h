@@ -12,9 +12,6 @@
 
 namespace emf {
 
-// Longer strings are cut: no label of a picture needs more.
-constexpr std::size_t kMaxTextChars = 4096;
-
 struct TextRun {
     QPointF reference;  // logical units
     QString text;       // characters, or glyph indexes with ETO_GLYPH_INDEX

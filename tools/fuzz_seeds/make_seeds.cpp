@@ -92,6 +92,41 @@ bool shapes(const fs::path& path)
     return e.finish();
 }
 
+// Every dash style of old-style, cosmetic and geometric pens with each end
+// and join, pens' own dashes (odd, all zero, huge, one too many), and
+// inside-frame pens around boxes, at full size and shrunk below a pixel.
+bool dashes(const fs::path& path)
+{
+    EmfWriter e(path.string(), 64, 64);
+    e.select(U_NULL_BRUSH);
+    const std::vector<std::vector<uint32_t>> own{{3}, {4, 2, 1, 2}, {0, 0}, {0xffffffffu, 1},
+                                                 std::vector<uint32_t>(17, 1)};
+    int y = 2;
+    for (uint32_t style = U_PS_SOLID; style <= U_PS_ALTERNATE; ++style) {
+        const uint32_t ends[] = {U_PS_ENDCAP_ROUND | U_PS_JOIN_ROUND, U_PS_ENDCAP_SQUARE | U_PS_JOIN_BEVEL,
+                                 U_PS_ENDCAP_FLAT | U_PS_JOIN_MITER, U_PS_ENDCAP_ROUND | U_PS_JOIN_MITER};
+        for (int k = 0; k < 4; ++k) {
+            const std::vector<uint32_t> lengths = style == U_PS_USERSTYLE ? own[k] : std::vector<uint32_t>{};
+            e.select(e.pen(style | ends[k], k, rgb(0, 0, 200)));
+            e.polyline({P(2, y), P(30, y), P(20, y + 2)});
+            e.select(e.extPen(U_PS_COSMETIC | style, 1, rgb(200, 0, 0), lengths));
+            e.polyline({P(32, y), P(62, y)});
+            e.select(e.extPen(U_PS_GEOMETRIC | style | ends[k], 2, rgb(0, 150, 0), lengths));
+            e.polyline({P(2, y + 1), P(62, y + 1), P(40, y + 3)});
+        }
+        y += 7;
+    }
+    e.select(e.extPen(U_PS_GEOMETRIC | U_PS_USERSTYLE, 3, rgb(0, 0, 0), own.back()));
+    e.rectangle({4, 4, 60, 60});
+    e.select(e.pen(U_PS_INSIDEFRAME, 6, rgb(90, 0, 90)));
+    e.rectangle({10, 10, 30, 30});
+    e.ellipse({34, 34, 38, 60});
+    e.add(U_EMRSETWORLDTRANSFORM_set(xform_set(0.01f, 0, 0, 0.01f, 0, 0)));
+    e.select(e.extPen(U_PS_GEOMETRIC | U_PS_DASHDOT, 30, rgb(0, 0, 0)));
+    e.ellipse({100, 100, 6000, 6000});
+    return e.finish();
+}
+
 // Mapping modes, extents and origins, world transforms, saved states and
 // fill modes.
 bool mappings(const fs::path& path)
@@ -465,7 +500,8 @@ int main(int argc, char** argv)
         fs::create_directories(corpus / target);
 
     const fs::path pictures = corpus / "fuzz_picture";
-    bool ok = shapes(pictures / "shapes.emf") && mappings(pictures / "mappings.emf")
+    bool ok = shapes(pictures / "shapes.emf") && dashes(pictures / "dashes.emf")
+        && mappings(pictures / "mappings.emf")
         && paths(pictures / "paths.emf") && bitmaps(pictures / "bitmaps.emf")
         && plusRecords(pictures / "plus_records.emf");
     ok = ok && text(pictures / "text.emf") && oldHeader(pictures / "text.emf", pictures / "old_header.emf")

@@ -19,5 +19,7 @@ bool makeLineButtons(const QString& folder);
 bool makeIcons(const QString& folder);
 // arrow_right.svg and arrow_left.svg: the win-direction arrows.
 bool makeArrows(const QString& folder);
+// pen-*.emf: one stroking behaviour each (dashes, ends, joins, mixes...).
+bool makePenSamples(const QString& folder);
 
 }  // namespace pictures

@@ -119,8 +119,15 @@ std::uint32_t EmfWriter::pen(std::uint32_t style, std::int32_t width, U_COLORREF
 
 std::uint32_t EmfWriter::geometricPen(std::uint32_t style, std::uint32_t width, U_COLORREF colour)
 {
+    return extPen(U_PS_GEOMETRIC | style, width, colour);
+}
+
+std::uint32_t EmfWriter::extPen(std::uint32_t style, std::uint32_t width, U_COLORREF colour,
+                                std::vector<std::uint32_t> dashes)
+{
     std::uint32_t handle = 0;
-    PU_EXTLOGPEN elp = extlogpen_set(U_PS_GEOMETRIC | style, width, U_BS_SOLID, colour, 0, 0, nullptr);
+    PU_EXTLOGPEN elp = extlogpen_set(style, width, U_BS_SOLID, colour, 0, U_NUM_STYLEENTRY(dashes.size()),
+                                     dashes.empty() ? nullptr : dashes.data());
     if (!elp) {
         ok_ = false;
         return 0;

@@ -34,6 +34,10 @@ public:
     // Creating objects returns their handle; it stays valid until removed.
     std::uint32_t pen(std::uint32_t style, std::int32_t width, U_COLORREF colour);
     std::uint32_t geometricPen(std::uint32_t style, std::uint32_t width, U_COLORREF colour);
+    // Any extended pen: `style` says cosmetic or geometric; `dashes` are the
+    // on and off lengths of a user-styled pen.
+    std::uint32_t extPen(std::uint32_t style, std::uint32_t width, U_COLORREF colour,
+                         std::vector<std::uint32_t> dashes = {});
     std::uint32_t brush(std::uint32_t style, U_COLORREF colour, std::int32_t hatch = 0);
     // A font `height` logical units high (negative: the characters' height,
     // positive: the cell's), turned by `escapement` tenths of a degree.

@@ -5,6 +5,8 @@
 //   reelmoor-pictures --symbols-as svg|png <folder>
 // or draws what is there onto one sheet with the game's decoder:
 //   reelmoor-pictures --preview <folder> <sheet.png>
+// or writes the small pictures that pin down how pens stroke:
+//   reelmoor-pictures --pen-samples <folder>
 #include "tools/pictures/artwork.h"
 #include "tools/pictures/preview.h"
 
@@ -28,9 +30,11 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "could not write the symbols as %s into %s\n", qPrintable(args[2]), qPrintable(args[3]));
         return 1;
     }
+    if (args.size() == 3 && args[1] == "--pen-samples")
+        return pictures::makePenSamples(args[2]) ? 0 : 1;
     if (args.size() != 2) {
         std::fprintf(stderr, "usage: reelmoor-pictures <folder> | --symbols-as svg|png <folder>"
-                             " | --preview <folder> <sheet.png>\n");
+                             " | --preview <folder> <sheet.png> | --pen-samples <folder>\n");
         return 2;
     }
     const QString folder = args[1];

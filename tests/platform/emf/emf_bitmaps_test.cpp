@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Bitmaps in every layout a metafile may carry them, raster operations,
-// bitmap brushes, single pixels, regions, gradients and EMF+ records, each
-// drawn into a 40 x 40 picture and checked at a few points.
+// bitmap brushes, single pixels, regions, gradients, pens and EMF+ records,
+// each drawn into a 40 x 40 picture and checked at a few points.
 #include "platform/emf/emf_picture.h"
 #include "tools/pictures/emf_raw_record.h"
 #include "tools/pictures/emf_writer.h"
@@ -135,6 +135,8 @@ private slots:
         row("32 bit", 32, U_BI_RGB, none, le(0xff) + le(0xffffff) + le(0xff0000) + le(0xff00));
         row("8 bit run-length", 8, U_BI_RLE8, kFour, "\x01\x02\x01\x03\0\0\x01\0\x01\x01\0\x01"s);
         row("4 bit run-length", 4, U_BI_RLE4, kFour, "\x02\x23\0\0\x02\x01\0\x01"s);
+        row("run-length data that stops", 8, U_BI_RLE8, kFour, "\x01\x02"s, quadrants(W, W, B, W));
+        row("run-length move up", 8, U_BI_RLE8, kFour, "\x01\x02\0\x02\0\x01\x01\x01\0\x01"s, quadrants(W, G, B, W));
         row("embedded PNG", 0, U_BI_PNG, none, png().toStdString());
         const std::vector<Expect> blank = quadrants(W, W, W, W);
         row("over 64 megapixels", 1, U_BI_RGB, {0, 0xffffff}, std::string(64, '\xff'), blank, 70000);
@@ -205,15 +207,21 @@ private slots:
                 << std::vector<Expect>{{{2, 2}, K}, {{6, 2}, W}, {{2, 6}, W}, {{14, 14}, K}};
         const std::string twoBoxes = le(32) + le(1) + le(2) + le(32) + le(0) + le(0) + le(40) + le(40) +
                                      le(0) + le(0) + le(20) + le(20) + le(20) + le(20) + le(40) + le(40);
-        auto region = [twoBoxes](std::uint32_t type, std::size_t fixed) {
+        auto region = [twoBoxes](std::uint32_t type, std::size_t fixed, bool named = true) {
             return Draw([=](EmfWriter& e) {
                 e.select(U_BLACK_BRUSH);
-                const std::uint32_t red = e.brush(U_BS_SOLID, rgb(255, 0, 0));
+                const std::uint32_t red = named ? e.brush(U_BS_SOLID, rgb(255, 0, 0)) : 9;
                 e.add(rawRecord(type, fixed, {{24, std::uint32_t(twoBoxes.size())}, {28, red}, {32, 4}, {36, 4}},
                              twoBoxes));
             });
         };
         QTest::newRow("fill region") << region(U_EMR_FILLRGN, 32) << quadrants(R, W, W, R);
+        QTest::newRow("region filled by no brush") << Draw([=](EmfWriter& e) {
+            e.select(U_NULL_PEN);
+            e.select(U_BLACK_BRUSH);
+            e.rectangle({-1, -1, 41, 41});
+            region(U_EMR_FILLRGN, 32, false)(e);
+        }) << quadrants(K, K, K, K);
         QTest::newRow("paint region") << region(U_EMR_PAINTRGN, 28) << quadrants(K, W, W, K);
         QTest::newRow("frame region") << region(U_EMR_FRAMERGN, 40)
                                       << std::vector<Expect>{{{1, 10}, R}, {{10, 10}, W}, {{30, 10}, W}};
@@ -278,10 +286,6 @@ private slots:
                 e.add(U_EMRSETBKCOLOR_set(rgb(0, 0, 255)));
                 box(e, e.brush(U_BS_HATCHED, rgb(255, 0, 0), U_HS_HORIZONTAL), U_R2_COPYPEN);
             }) << std::vector<Expect>{{{20, 1}, mode == U_OPAQUE ? B : W}, {{20, 3}, R}};
-        QTest::newRow("outline inside its rectangle") << Draw([](EmfWriter& e) {
-            e.select(U_NULL_BRUSH);
-            e.rectangle({0, 0, 40, 40});
-        }) << std::vector<Expect>{{{0, 20}, K}, {{39, 20}, K}, {{20, 39}, K}, {{38, 20}, W}};
     }
     void fills()
     {
@@ -290,11 +294,86 @@ private slots:
         checkPoints(render(draw), expected);
     }
 
+    // Pens as Windows draws them: dashes counted in pixels for one-pixel
+    // pens (a user's in steps of three) and in widths or logical units for
+    // wide ones, with round ends drawn within each dash; pens Windows would
+    // not create; inside-frame pens; outlines on a rectangle's edges; mixes.
+    void strokes_data()
+    {
+        QTest::addColumn<Draw>("draw");
+        QTest::addColumn<std::vector<Expect>>("expected");
+        using Pen = std::function<std::uint32_t(EmfWriter&)>;
+        auto line = [](const char* name, Pen pen, std::vector<std::pair<int, QRgb>> along) {
+            std::vector<Expect> expected;
+            for (const auto& [x, colour] : along)
+                expected.push_back({{x, 10}, colour});
+            QTest::newRow(name) << Draw([=](EmfWriter& e) {
+                e.select(pen(e));
+                e.polyline({point32_set(2, 10), point32_set(38, 10)});
+            }) << expected;
+        };
+        auto ext = [](std::uint32_t style, std::uint32_t width, std::vector<std::uint32_t> dashes = {}) {
+            return Pen([=](EmfWriter& e) { return e.extPen(style, width, rgb(0, 0, 0), dashes); });
+        };
+        const std::uint32_t geometric = U_PS_GEOMETRIC | U_PS_ENDCAP_FLAT;
+        line("dash", [](EmfWriter& e) { return e.pen(U_PS_DASH, 0, rgb(0, 0, 0)); },
+             {{2, K}, {19, K}, {20, W}, {25, W}, {26, K}});
+        line("dash dot dot", ext(U_PS_DASHDOTDOT | U_PS_ENDCAP_FLAT, 1), {{10, K}, {11, W}, {15, K}, {18, W}, {21, K}, {24, W}, {26, K}});
+        line("alternate", ext(U_PS_ALTERNATE, 1), {{2, K}, {3, W}, {4, K}, {5, W}});
+        line("user steps", ext(U_PS_USERSTYLE, 1, {2, 1}), {{7, K}, {8, W}, {10, W}, {11, K}});
+        line("wide dash", ext(geometric | U_PS_DASH, 2), {{7, K}, {8, W}, {9, W}, {10, K}});
+        line("round ends within", ext(U_PS_GEOMETRIC | U_PS_DASH, 4), {{6, K}, {13, W}, {15, W}, {20, K}});
+        line("round dots", ext(U_PS_GEOMETRIC | U_PS_DOT, 4), {{6, W}, {10, K}, {14, W}, {18, K}});
+        line("wide user dashes", ext(geometric | U_PS_USERSTYLE, 2, {4, 2}), {{5, K}, {6, W}, {7, W}, {8, K}});
+        line("odd user count", ext(geometric | U_PS_USERSTYLE, 2, {3}), {{4, K}, {5, W}, {7, W}, {8, K}, {11, W}});
+        line("old wide dash is solid", [](EmfWriter& e) { return e.pen(U_PS_DASH, 2, rgb(0, 0, 0)); },
+             {{8, K}, {9, K}, {20, K}, {22, K}});
+        line("refused pen", [](EmfWriter& e) {
+            e.select(e.pen(U_PS_SOLID, 0, rgb(255, 0, 0)));
+            return e.extPen(U_PS_GEOMETRIC | U_PS_ALTERNATE, 4, rgb(0, 0, 0));
+        }, {{20, R}, {30, R}});
+        QTest::newRow("mitre past the limit bevelled") << Draw([](EmfWriter& e) {
+            e.select(e.extPen(U_PS_GEOMETRIC | U_PS_ENDCAP_FLAT | U_PS_JOIN_MITER, 4, rgb(0, 0, 0)));
+            e.polyline({point32_set(2, 9), point32_set(20, 10), point32_set(2, 11)});
+        }) << std::vector<Expect>{{{18, 10}, K}, {{26, 10}, W}};
+        QTest::newRow("inside frame") << Draw([](EmfWriter& e) {
+            e.select(U_NULL_BRUSH);
+            e.select(e.pen(U_PS_INSIDEFRAME, 6, rgb(0, 0, 0)));
+            e.ellipse({4, 4, 36, 36});
+        }) << std::vector<Expect>{{{2, 20}, W}, {{5, 20}, K}, {{20, 34}, K}, {{20, 37}, W}};
+        QTest::newRow("outline on the edges") << Draw([](EmfWriter& e) {
+            e.select(U_NULL_BRUSH);
+            e.rectangle({10, 10, 30, 30});
+        }) << std::vector<Expect>{{{10, 20}, K}, {{29, 20}, W}, {{30, 20}, K}, {{31, 20}, W}, {{20, 30}, K}};
+        QTest::newRow("fill short of the edges") << Draw([](EmfWriter& e) {
+            e.select(U_NULL_PEN);
+            e.select(U_BLACK_BRUSH);
+            e.rectangle({10, 10, 30, 30});
+        }) << std::vector<Expect>{{{29, 20}, K}, {{30, 20}, W}, {{20, 29}, K}, {{20, 30}, W}};
+        // Each mix's truth table: bit (2 x pen + drawing) of (mix - 1).
+        const QRgb under = 0xff3366cc, pen = 0xffffa040;
+        for (std::uint32_t mix = U_R2_BLACK; mix <= U_R2_WHITE; ++mix) {
+            QRgb mixed = 0xff000000;
+            for (int bit = 0; bit < 24; ++bit)
+                mixed |= QRgb((mix - 1) >> (2 * (pen >> bit & 1) + (under >> bit & 1)) & 1) << bit;
+            QTest::addRow("mix %u", mix) << Draw([=](EmfWriter& e) {
+                e.select(U_NULL_PEN);
+                e.select(e.brush(U_BS_SOLID, rgb(qRed(under), qGreen(under), qBlue(under))));
+                e.rectangle({0, 0, 41, 41});
+                e.add(U_EMRSETROP2_set(mix));
+                e.select(e.brush(U_BS_SOLID, rgb(qRed(pen), qGreen(pen), qBlue(pen))));
+                e.rectangle({10, 10, 30, 30});
+            }) << std::vector<Expect>{{{5, 5}, under}, {{20, 20}, mixed}};
+        }
+    }
+    void strokes() { fills(); }
+
     // EMF+ records in comments draw when the plain records draw nothing.
     void plusRecords_data()
     {
         QTest::addColumn<Draw>("draw");
         QTest::addColumn<std::vector<Expect>>("expected");
+        using namespace std::string_literals;
         auto f = [](std::initializer_list<float> values) {
             std::string out;
             for (float v : values)
@@ -341,6 +420,91 @@ private slots:
         QTest::newRow("placed characters")
             << picture(font + plus(0x4036, 0x8003, le(K) + le(1) + le(0) + le(2) + std::string("H\0H\0", 4) + f({0, 36, 30, 36})))
             << std::vector<Expect>{{{5, 30}, K}, {{35, 30}, K}, {{14, 30}, W}, {{5, 4}, W}};
+        QTest::newRow("characters at the font's advances")  // the second H some 29 pixels on
+            << picture(font + plus(0x4036, 0x8003, le(K) + le(5) + le(0) + le(2) + std::string("H\0H\0", 4) + f({0, 36, 0, 0})))
+            << std::vector<Expect>{{{5, 30}, K}, {{34, 30}, K}, {{38, 30}, W}, {{14, 30}, W}};
+        // An I in a 40 x 40 box: at its left edge, or centred both ways.
+        auto string = [=](const std::string& format) {
+            return picture(font + format + plus(0x401c, 0x8003, le(K) + le(4) + le(1) + f({0, 0, 40, 40}) + "I\0\0\0"s));
+        };
+        QTest::newRow("string at its box's corner") << string("") << std::vector<Expect>{{{6, 20}, K}, {{20, 20}, W}, {{6, 34}, K}};
+        QTest::newRow("centred string") << string(plus(0x4008, 0x704, le(0xdbc01002) + le(0) + le(0) + le(1) + le(1)))
+                                        << std::vector<Expect>{{{6, 20}, W}, {{20, 20}, K}, {{20, 34}, W}};
+        // Figures closed by their flags, by their points' kinds, or not at all.
+        const std::vector<Expect> closing{{{20, 20}, K}, {{38, 20}, K}};
+        QTest::newRow("closed lines") << picture(blackPen + plus(0x400d, 0x2001, le(3) + f({0, 10, 38, 10, 38, 30})))
+                                      << closing;
+        QTest::newRow("path's closed figure") << picture(blackPen + square + plus(0x4015, 2, le(1)))
+                                              << std::vector<Expect>{{{1, 20}, K}, {{20, 39}, K}, {{20, 20}, W}};
+        QTest::newRow("open arc") << picture(blackPen + plus(0x4012, 1, f({0, 90, 0, 0, 40, 40})))
+                                  << std::vector<Expect>{{{34, 34}, K}, {{23, 23}, W}, {{30, 20}, W}};
+        QTest::newRow("pie") << picture(plus(0x4010, 0x8000, le(R) + f({0, 90, 0, 0, 40, 40})))
+                             << std::vector<Expect>{{{23, 23}, R}, {{30, 10}, W}, {{10, 30}, W}};
+        QTest::newRow("triangle") << picture(plus(0x400c, 0x8000, le(R) + le(3) + f({0, 0, 40, 0, 0, 40})))
+                                  << std::vector<Expect>{{{5, 5}, R}, {{35, 35}, W}};
+        QTest::newRow("Béziers") << picture(blackPen + plus(0x4019, 1, le(4) + f({0, 20, 13, 20, 27, 20, 40, 20}))) << line;
+        QTest::newRow("rectangle outline") << picture(blackPen + plus(0x400b, 1, le(1) + f({4, 4, 32, 32})))
+                                           << std::vector<Expect>{{{4, 20}, K}, {{36, 20}, K}, {{20, 20}, W}};
+        QTest::newRow("ellipse outline") << picture(blackPen + plus(0x400f, 1, f({0, 0, 40, 40})))
+                                         << std::vector<Expect>{{{20, 1}, K}, {{20, 20}, W}};
+        QTest::newRow("closed curve") << picture(plus(0x4016, 0x8000, le(R) + f({0.5}) + le(4) + f({20, 0, 40, 20, 20, 40, 0, 20})))
+                                      << std::vector<Expect>{{{20, 20}, R}, {{31, 31}, R}, {{2, 2}, W}};
+        QTest::newRow("16-bit rectangle") << picture(plus(0x400a, 0xc000, le(R) + le(1) + le(0, 2) + le(0, 2) + le(20, 2) + le(40, 2)))
+                                          << quadrants(R, W, R, W);
+        // A pen with every optional field but dashes, none of them changing a solid line.
+        QTest::newRow("pen with a round start")
+            << picture(plus(0x4008, 0x201, le(0xdbc01002) + le(0) + le(2) + le(0) + f({4}) + le(2) + le(0xdbc01002) + le(0) + le(K)) +
+                       plus(0x400d, 1, le(2) + f({4, 20, 36, 20})))
+            << std::vector<Expect>{{{3, 20}, K}, {{20, 20}, K}, {{20, 24}, W}};
+        QTest::newRow("pen's optional fields")
+            << picture(plus(0x4008, 0x201, le(0xdbc01002) + le(0) + le(0x1eff) + le(0) + f({4, 1, 0, 0, 1, 0, 0}) +
+                                               le(0) + le(0) + le(0) + f({10}) + le(0) + le(0) + f({0}) + le(0) + le(1) +
+                                               f({1}) + le(4) + le(0) + le(4) + le(0) + le(0xdbc01002) + le(0) + le(K)) +
+                       plus(0x400d, 1, le(2) + f({0, 20, 40, 20})))
+            << line;
+        // Brushes: a gradient across, a path gradient's centre colour, an object sent in two parts.
+        QTest::newRow("gradient brush")
+            << picture(plus(0x4008, 0x100, le(0xdbc01002) + le(4) + le(0) + le(0) + f({0, 0, 40, 40}) + le(R) + le(B)) +
+                       plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})))
+            << std::vector<Expect>{{{1, 20}, R}, {{39, 20}, B}};
+        QTest::newRow("path gradient's centre")
+            << picture(plus(0x4008, 0x100, le(0xdbc01002) + le(3) + le(0) + le(0) + le(G)) + plus(0x400a, 0, le(0) + le(1) + f({0, 0, 40, 40})))
+            << quadrants(G, G, G, G);
+        QTest::newRow("object in two parts")
+            << picture(plus(0x4008, 0x8100, le(12) + le(0xdbc01002) + le(0)) + plus(0x4008, 0x100, le(0xffff0000)) +
+                       plus(0x400a, 0, le(0) + le(1) + f({0, 0, 20, 40})))
+            << quadrants(R, W, R, W);
+        // Bitmaps: a PNG over the picture, its right column by three points
+        // onto a band,
+        // and raw pixels with alpha.
+        const std::string image = plus(0x4008, 0x505, le(0xdbc01002) + le(1) + le(2) + le(2) + le(0) + le(0) + le(1) + png().toStdString());
+        QTest::newRow("image") << picture(image + plus(0x401a, 5, le(0) + le(2) + f({0, 0, 2, 2, 0, 0, 40, 40})))
+                               << quadrants(R, G, B, W);
+        QTest::newRow("image part on three points")
+            << picture(image + plus(0x401b, 5, le(0) + le(2) + f({1, 0, 1, 2}) + le(3) + f({20, 0, 30, 0, 20, 40})))
+            << std::vector<Expect>{{{25, 10}, G}, {{35, 10}, W}, {{10, 10}, W}, {{25, 30}, W}};
+        QTest::newRow("raw pixels") << picture(plus(0x4008, 0x505, le(0xdbc01002) + le(1) + le(2) + le(1) + le(8) + le(0x26200a) +
+                                                                   le(0) + le(0xffff0000) + le(0x800000ff)) +
+                                               plus(0x401a, 5, le(0) + le(2) + f({0, 0, 2, 1, 0, 0, 40, 40})))
+                                    << quadrants(R, 0xff7f7fff, R, 0xff7f7fff);
+        // State: transforms set, post-multiplied, saved and restored; clips
+        // excluded, moved and lifted.
+        const std::string fillAll = plus(0x400a, 0x8000, le(R) + le(1) + f({0, 0, 40, 40}));
+        QTest::newRow("transform set") << picture(plus(0x402a, 0, f({0.5, 0, 0, 0.5, 0, 0})) + fillAll) << quadrants(R, W, W, W);
+        QTest::newRow("transform after the world's")
+            << picture(plus(0x402d, 0, f({20, 0})) + plus(0x402c, 0x2000, f({0.5, 0, 0, 0.5, 0, 0})) + fillAll)
+            << std::vector<Expect>{{{12, 10}, R}, {{35, 10}, W}, {{12, 30}, W}};
+        QTest::newRow("saved and restored") << picture(plus(0x4025, 0, le(7)) + plus(0x402d, 0, f({20, 0})) +
+                                                       plus(0x4026, 0, le(7)) + plus(0x400a, 0x8000, le(R) + le(1) + f({0, 0, 20, 40})))
+                                            << quadrants(R, W, R, W);
+        QTest::newRow("clip excluded") << picture(plus(0x4032, 0x400, f({0, 0, 20, 40})) + fillAll) << quadrants(W, R, W, R);
+        QTest::newRow("clip moved") << picture(plus(0x4032, 0, f({0, 0, 20, 40})) + plus(0x4035, 0, f({20, 0})) + fillAll)
+                                    << quadrants(W, R, W, R);
+        QTest::newRow("clip path") << picture(plus(0x4008, 0x303, le(0xdbc01002) + le(4) + le(0) + f({0, 0, 20, 0, 20, 40, 0, 40}) +
+                                                              std::string("\0\x01\x01\x81", 4)) + plus(0x4033, 3, "") + fillAll)
+                                   << quadrants(R, W, R, W);
+        QTest::newRow("clip lifted") << picture(plus(0x4032, 0, f({0, 0, 20, 20})) + plus(0x4031, 0, "") + fillAll)
+                                     << quadrants(R, R, R, R);
     }
     void plusRecords() { fills(); }
 };

@@ -83,6 +83,7 @@ const std::vector<Damage>& damages()
         {"length not in words", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, nBytes), quint32(b.size() - 2)); }, ""},
         {"empty frame", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, rclFrame) + 8, 0); }, ""},
         {"reference device without size", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, szlMillimeters), 0); }, ""},
+        {"reference device without height", [](QByteArray& b) { setWord(b, offsetof(U_EMRHEADER, szlDevice) + 4, 0); }, ""},
         {"no end-of-file record", [](QByteArray& b) {
              b.truncate(recordAt(b, U_EMR_EOF)); setWord(b, offsetof(U_EMRHEADER, nBytes), quint32(b.size())); }, "RPQ"},
         {"record size zero", [](QByteArray& b) { setWord(b, recordAt(b, U_EMR_RECTANGLE) + 4, 0); }, "---"},

@@ -86,6 +86,14 @@ const std::vector<ShapeCase>& shapeCases()
         {"round rectangle",
          [](EmfWriter& e) { blackFill(e); e.roundRect({10, 10, 60, 60}, {20, 20}); },
          {10, 10, 50, 50}, 2500 - (4 - M_PI) * 100},
+        {"16-bit poly-polygon",
+         [](EmfWriter& e) {
+             blackFill(e);
+             const std::uint32_t counts[] = {3, 3};
+             const U_POINT16 pts[] = {{10, 10}, {30, 10}, {10, 30}, {40, 40}, {60, 40}, {40, 60}};
+             e.add(U_EMRPOLYPOLYGON16_set({10, 10, 60, 60}, 2, counts, 6, pts));
+         },
+         {10, 10, 50, 50}, 400},
         {"poly-polygon",
          [](EmfWriter& e) {
              blackFill(e);
@@ -169,6 +177,17 @@ const std::vector<ShapeCase>& shapeCases()
              e.rectangle({0, 0, 1000, -1000});
          },
          {0, 0, 37.8, 37.8}, 37.795 * 37.795},
+        {"extents kept by a second scalable mapping, then scaled",  // 400 to 100, then 200 to 100
+         [](EmfWriter& e) {
+             blackFill(e);
+             e.add(U_EMRSETMAPMODE_set(U_MM_ANISOTROPIC));
+             e.add(U_EMRSETWINDOWEXTEX_set({400, 400}));
+             e.add(U_EMRSETVIEWPORTEXTEX_set({100, 100}));
+             e.add(U_EMRSETMAPMODE_set(U_MM_ISOTROPIC));
+             e.add(U_EMRSCALEWINDOWEXTEX_set(1, 2, 1, 2));
+             e.rectangle({20, 20, 60, 60});
+         },
+         {10, 10, 20, 20}, 400},
         {"tenths of a millimetre", fixedModeSquare(U_MM_LOMETRIC, 100), {0, 0, 37.8, 37.8}, 37.795 * 37.795},
         {"hundredths of an inch", fixedModeSquare(U_MM_LOENGLISH, 50), {0, 0, 48, 48}, 48 * 48},
         {"thousandths of an inch", fixedModeSquare(U_MM_HIENGLISH, 500), {0, 0, 48, 48}, 48 * 48},
@@ -183,6 +202,9 @@ const std::vector<ShapeCase>& shapeCases()
              e.add(U_EMRARC_set({10, 10, 60, 60}, P(70, 35), P(35, 0)));
          },
          {8, 8, 54, 54}, M_PI * 150, 0.05},
+        {"angle arc, a whole circle",  // from the current position, on the circle already
+         [](EmfWriter& e) { widePen(e, 4); e.moveTo(P(56, 36)); e.add(U_EMRANGLEARC_set(P(36, 36), 20, 0, 360)); },
+         {14, 14, 44, 44}, M_PI * 160, 0.05},
         {"chord",
          [](EmfWriter& e) { blackFill(e); e.add(U_EMRCHORD_set({10, 10, 60, 60}, P(70, 35), P(35, 0))); },
          {35, 10, 25, 25}, M_PI * 625 / 4 - 312.5},
@@ -248,10 +270,17 @@ const std::vector<ShapeCase>& shapeCases()
              e.add(U_EMRSAVEDC_set());
              e.select(U_NULL_BRUSH);
              worldTransform(e, 3, 3, 0, 0);
+             e.add(U_EMRSAVEDC_set());
              e.add(U_EMRRESTOREDC_set(-1));
+             e.add(U_EMRRESTOREDC_set(-1));  // the level saved first
              e.rectangle({10, 10, 20, 20});
          },
          {10, 10, 10, 10}, 100},
+        {"wide pen with flat ends", [](EmfWriter& e) { widePen(e, 4); e.polyline({P(10, 30), P(60, 30)}); },
+         {10, 28, 50, 4}, 200},
+        {"null pen and brush",
+         [](EmfWriter& e) { e.select(U_NULL_PEN); e.select(U_NULL_BRUSH); e.rectangle({10, 10, 60, 60}); e.ellipse({10, 10, 60, 60}); },
+         {0, 0, 0, 0}, 0},
         {"deleted brush leaves the selection",
          [](EmfWriter& e) {
              e.select(U_NULL_PEN);
@@ -340,6 +369,7 @@ private slots:
         const auto square = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter&) {}));
         QVERIFY(square);
         QCOMPARE(square->naturalSize(), QSize(73, 73));
+        QVERIFY(std::abs(square->exactSize().width() - 73) + std::abs(square->exactSize().height() - 73) < 0.1);
 
         // Larger than the buffer: drawn at its own size and cut off, not shrunk.
         const auto large = EmfPicture::fromBytes(writeEmf(100, 100, [](EmfWriter& e) {
@@ -447,23 +477,6 @@ private slots:
         QVERIFY(oneDevicePixel(zeroWidth, 10));
         QVERIFY(scaled > 1 && scaled < 0.5 * zeroWidth);
 
-        // A wide geometric pen with flat ends covers its width times length.
-        const auto wide = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter& e) {
-            e.select(e.geometricPen(U_PS_SOLID | U_PS_ENDCAP_FLAT, 4, rgb(0, 0, 0)));
-            e.polyline({P(10, 30), P(60, 30)});
-        }));
-        QVERIFY(wide);
-        QVERIFY(std::abs(inkOf(renderNatural(*wide, 73, 73)).area - 200) < 5);
-
-        // The null pen and the null brush draw nothing at all.
-        const auto nothing = EmfPicture::fromBytes(writeEmf(73, 73, [](EmfWriter& e) {
-            e.select(U_NULL_PEN);
-            e.select(U_NULL_BRUSH);
-            e.rectangle({10, 10, 60, 60});
-            e.ellipse({10, 10, 60, 60});
-        }));
-        QVERIFY(nothing);
-        QCOMPARE(inkOf(renderNatural(*nothing, 73, 73)).area, 0.0);
 
         // The default pen outlines in black around the default white fill.
         const auto outlined = EmfPicture::fromBytes(

@@ -62,6 +62,15 @@ const std::vector<TextCase>& textCases()
         {"baseline centre",
          [](EmfWriter& e) { textSetup(e, U_TA_BASELINE | U_TA_CENTER); e.text(P(50, 40), u"H"); },
          inkAt("H", 50 - advanceOf("H") / 2, 40)},
+        {"a full stop, neither struck out nor underlined",
+         [](EmfWriter& e) { textSetup(e, U_TA_BASELINE); e.text(P(10, 40), u"."); }, inkAt(".", 10, 40)},
+        {"the symbol face's letters are Greek",
+         [](EmfWriter& e) { textSetup(e, U_TA_BASELINE); e.select(e.font(-std::int32_t(kEm), 0, 400, u"Symbol")); e.text(P(10, 40), u"p"); },
+         [] {  // pi, not p, in the face that answers to the name
+             QFont face(QStringLiteral("Symbol"));
+             face.setPixelSize(int(kEm));
+             return QFontMetricsF(face).tightBoundingRect(QString(QChar(0x3c0))).translated(10, 40);
+         }()},
         {"bottom right",
          [](EmfWriter& e) { textSetup(e, U_TA_BOTTOM | U_TA_RIGHT); e.text(P(90, 70), u"H"); },
          inkAt("H", 90 - advanceOf("H"), 70 - descent)},
