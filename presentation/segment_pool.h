@@ -43,10 +43,11 @@ SegmentRange segmentsOfLine(int k);
 QColor lineColour(int index);
 
 // Where the pay lines run over the grid: the centres of the five columns and
-// of the three rows.
+// of the three rows. Arrays that know their length, so a debug build stops
+// at a reach past the grid.
 struct GridCentres {
-    float x[5];
-    float y[3];
+    std::array<float, 5> x{};
+    std::array<float, 3> y{};
 };
 
 // Places the segments of every pay line played when lines are played, all

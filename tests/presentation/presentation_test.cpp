@@ -40,7 +40,7 @@ private slots:
                 // An inner corner: the centre of the line's cell in that column
                 // (lines 8 and 9 run 20 pixels off it).
                 const QPointF corner = pool[i].p2;
-                const int column = int(std::find(at.x, at.x + 5, float(corner.x())) - at.x);
+                const int column = int(std::find(at.x.begin(), at.x.end(), float(corner.x())) - at.x.begin());
                 QVERIFY2(column < 5, qPrintable(QString("line %1 corner %2").arg(k).arg(i)));
                 const float y = at.y[placeOf(cells[std::size_t(column)]).row];
                 QVERIFY(std::abs(corner.y() - y) <= (k >= 8 ? 20 : 0));
